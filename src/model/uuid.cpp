@@ -1,0 +1,87 @@
+#include "uuid.h"
+
+#include "random_bytes.h"
+
+namespace pinecove {
+
+namespace {
+
+// Loading a large hosts file makes hundreds of thousands of ids; drawing them from a per-thread
+// pool keeps that to one system call per few hundred ids.
+class RandomPool {
+public:
+    void take(std::uint8_t* out, std::size_t length) {
+        if (used_ + length > pool_.size()) {
+            fillRandomBytes(pool_.data(), pool_.size());
+            used_ = 0;
+        }
+        std::memcpy(out, pool_.data() + used_, length);
+        // Never hand out the same bytes twice.
+        std::memset(pool_.data() + used_, 0, length);
+        used_ += length;
+    }
+
+private:
+    std::array<std::uint8_t, 4096> pool_{};
+    std::size_t used_ = pool_.size();
+};
+
+int hexValue(char c) {
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}
+
+bool isHyphenPosition(std::size_t i) { return i == 8 || i == 13 || i == 18 || i == 23; }
+
+} // namespace
+
+Uuid Uuid::random() {
+    thread_local RandomPool pool;
+    Uuid id;
+    pool.take(id.bytes_.data(), id.bytes_.size());
+    id.bytes_[6] = static_cast<std::uint8_t>((id.bytes_[6] & 0x0F) | 0x40); // version 4
+    id.bytes_[8] = static_cast<std::uint8_t>((id.bytes_[8] & 0x3F) | 0x80); // RFC 4122 variant
+    return id;
+}
+
+std::optional<Uuid> Uuid::fromString(std::string_view text) {
+    if (text.size() != 36)
+        return std::nullopt;
+    Uuid id;
+    std::size_t byte = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        if (isHyphenPosition(i)) {
+            if (text[i] != '-')
+                return std::nullopt;
+            ++i;
+            continue;
+        }
+        const int high = hexValue(text[i]);
+        const int low = hexValue(text[i + 1]);
+        if (high < 0 || low < 0 || isHyphenPosition(i + 1))
+            return std::nullopt;
+        id.bytes_[byte++] = static_cast<std::uint8_t>(high * 16 + low);
+        i += 2;
+    }
+    return id;
+}
+
+std::string Uuid::toString() const {
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(36);
+    for (std::size_t i = 0; i < bytes_.size(); ++i) {
+        if (i == 4 || i == 6 || i == 8 || i == 10)
+            text += '-';
+        text += digits[bytes_[i] >> 4];
+        text += digits[bytes_[i] & 0x0F];
+    }
+    return text;
+}
+
+} // namespace pinecove

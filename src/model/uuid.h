@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pinecove {
+
+// Identifies an entry inside the running program only; it is never written to the hosts file,
+// so every load hands out new ones.
+class Uuid {
+public:
+    Uuid() = default; // the nil UUID
+
+    // A version-4 UUID drawn from the operating system's cryptographic random source.
+    static Uuid random();
+    // Accepts the canonical 8-4-4-4-12 form in either letter case.
+    static std::optional<Uuid> fromString(std::string_view text);
+
+    // Canonical form: 32 upper-case hexadecimal digits grouped 8-4-4-4-12.
+    std::string toString() const;
+    bool isNull() const { return *this == Uuid(); }
+    const std::array<std::uint8_t, 16>& bytes() const { return bytes_; }
+
+    std::size_t hash() const noexcept {
+        // The bits are random already, so any eight of them make a good hash.
+        std::size_t h;
+        std::memcpy(&h, bytes_.data(), sizeof h);
+        return h;
+    }
+
+    friend bool operator==(const Uuid&, const Uuid&) = default;
+
+private:
+    std::array<std::uint8_t, 16> bytes_{};
+};
+
+struct UuidHash {
+    std::size_t operator()(const Uuid& id) const noexcept { return id.hash(); }
+};
+
+} // namespace pinecove
+
+template <> struct std::hash<pinecove::Uuid> : pinecove::UuidHash {};

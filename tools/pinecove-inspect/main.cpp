@@ -1,0 +1,98 @@
+// pinecove-inspect: shows how Pinecove reads a hosts file and what it would write back, so that
+// users, tests and benchmarks can audit the model without the app.
+
+#include "document_json.h"
+#include "hosts_edits.h"
+#include "read_text.h"
+#include "utf8.h"
+#include "whitespace.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace pinecove;
+
+constexpr int exitFailure = 1;
+constexpr int exitUsage = 2;
+
+constexpr std::string_view usage =
+    "Usage: pinecove-inspect FILE               how Pinecove reads FILE, as JSON\n"
+    "       pinecove-inspect --serialize FILE   the text Pinecove would write for FILE\n"
+    "       pinecove-inspect --toggle-all FILE  the same, after switching every custom entry\n"
+    "       pinecove-inspect --input TEXT       how Pinecove reads TEXT typed into the panel\n"
+    "FILE may be - for standard input.\n";
+
+void fail(const std::string& message) {
+    std::fprintf(stderr, "pinecove-inspect: %s\n", message.c_str());
+}
+
+int writeOut(std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+        fail(std::string("cannot write standard output: ") + std::strerror(errno));
+        return exitFailure;
+    }
+    return 0;
+}
+
+int usageError() {
+    std::fputs(usage.data(), stderr);
+    return exitUsage;
+}
+
+std::optional<HostsDocument> loadFile(const std::string& path) {
+    inspect::ReadResult read = inspect::readUtf8Text(path);
+    if (!read.text) {
+        fail(read.error);
+        return std::nullopt;
+    }
+    return parseHostsText(std::move(*read.text));
+}
+
+int printInput(std::string_view text) {
+    if (!isValidUtf8(text)) {
+        fail("the input text is not valid UTF-8");
+        return exitFailure;
+    }
+    // The panel trims the typed text before parsing it; show exactly what the panel would add.
+    return writeOut(inspect::inputJson(HostsParser::parseInput(trimWhitespace(text))) + "\n");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h"))
+        return writeOut(usage);
+
+    if (args.size() == 1 && (args[0] == "-" || !args[0].starts_with("-"))) {
+        auto document = loadFile(args[0]);
+        return document ? writeOut(inspect::documentJson(*document) + "\n") : exitFailure;
+    }
+    if (args.size() != 2)
+        return usageError();
+
+    const std::string& option = args[0];
+    const std::string& value = args[1];
+    if (option == "--input")
+        return printInput(value);
+    if (option == "--serialize" || option == "--toggle-all") {
+        auto document = loadFile(value);
+        if (!document)
+            return exitFailure;
+        if (option == "--toggle-all") {
+            const std::vector<Uuid> ids = document->order;
+            for (const Uuid& id : ids)
+                toggleEntry(*document, id);
+        }
+        // Leaving through exit() skips freeing a document of a few hundred thousand entries one by
+        // one; the system reclaims the memory at once.
+        std::exit(writeOut(serialized(*document)));
+    }
+    return usageError();
+}
