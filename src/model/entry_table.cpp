@@ -47,17 +47,22 @@ void EntryTable::rebuildIndex(std::size_t capacity) {
     const std::size_t mask = capacity - 1;
     const int indexBits = static_cast<int>(std::bit_width(capacity)) - 1;
     const int shift = std::max(0, indexBits - homeGroupBits);
+
+    // One sequential pass over the entries; everything after works on the hashes alone.
+    std::vector<std::size_t> hashes(entries_.size());
     std::vector<std::uint32_t> groupStart((std::size_t{1} << homeGroupBits) + 1, 0);
-    for (const HostEntry& entry : entries_)
-        ++groupStart[((entry.id().hash() & mask) >> shift) + 1];
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        hashes[i] = entries_[i].id().hash();
+        ++groupStart[((hashes[i] & mask) >> shift) + 1];
+    }
     for (std::size_t g = 1; g < groupStart.size(); ++g)
         groupStart[g] += groupStart[g - 1];
     std::vector<std::uint32_t> grouped(entries_.size());
-    for (std::size_t i = 0; i < entries_.size(); ++i)
-        grouped[groupStart[(entries_[i].id().hash() & mask) >> shift]++] = static_cast<std::uint32_t>(i);
+    for (std::size_t i = 0; i < hashes.size(); ++i)
+        grouped[groupStart[(hashes[i] & mask) >> shift]++] = static_cast<std::uint32_t>(i);
 
     for (const std::uint32_t position : grouped) {
-        const std::size_t hash = entries_[position].id().hash();
+        const std::size_t hash = hashes[position];
         std::size_t slot = hash & mask;
         while (index_[slot].entryPlusOne != 0)
             slot = (slot + 1) & mask;

@@ -6,26 +6,6 @@ namespace pinecove {
 
 namespace {
 
-// Loading a large hosts file makes hundreds of thousands of ids; drawing them from a per-thread
-// pool keeps that to one system call per few hundred ids.
-class RandomPool {
-public:
-    void take(std::uint8_t* out, std::size_t length) {
-        if (used_ + length > pool_.size()) {
-            fillRandomBytes(pool_.data(), pool_.size());
-            used_ = 0;
-        }
-        std::memcpy(out, pool_.data() + used_, length);
-        // Never hand out the same bytes twice.
-        std::memset(pool_.data() + used_, 0, length);
-        used_ += length;
-    }
-
-private:
-    std::array<std::uint8_t, 4096> pool_{};
-    std::size_t used_ = pool_.size();
-};
-
 int hexValue(char c) {
     if (c >= '0' && c <= '9')
         return c - '0';
@@ -41,9 +21,8 @@ bool isHyphenPosition(std::size_t i) { return i == 8 || i == 13 || i == 18 || i 
 } // namespace
 
 Uuid Uuid::random() {
-    thread_local RandomPool pool;
     Uuid id;
-    pool.take(id.bytes_.data(), id.bytes_.size());
+    secureRandomBytes(id.bytes_.data(), id.bytes_.size());
     id.bytes_[6] = static_cast<std::uint8_t>((id.bytes_[6] & 0x0F) | 0x40); // version 4
     id.bytes_[8] = static_cast<std::uint8_t>((id.bytes_[8] & 0x3F) | 0x80); // RFC 4122 variant
     return id;

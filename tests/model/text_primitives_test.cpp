@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace pinecove;
 
@@ -69,6 +71,25 @@ TEST(UuidTest, RandomIdsAreVersionFourAndDistinct) {
         seen.insert(id.toString());
     }
     EXPECT_EQ(seen.size(), 5000u);
+}
+
+TEST(UuidTest, AForkedChildDoesNotRepeatItsParentsIds) {
+    (void)Uuid::random(); // the parent's stream is under way before the fork
+    int fds[2];
+    ASSERT_EQ(::pipe(fds), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const Uuid id = Uuid::random();
+        const bool sent = ::write(fds[1], id.bytes().data(), 16) == 16;
+        ::_exit(sent ? 0 : 1);
+    }
+    Uuid fromChild;
+    auto bytes = fromChild.bytes();
+    ASSERT_EQ(::read(fds[0], bytes.data(), 16), 16);
+    ::waitpid(child, nullptr, 0);
+    ::close(fds[0]);
+    ::close(fds[1]);
+    EXPECT_NE(Uuid::random().bytes(), bytes);
 }
 
 TEST(UuidTest, StringFormRoundTrips) {
