@@ -6,6 +6,7 @@
 #include "read_text.h"
 #include "utf8.h"
 #include "whitespace.h"
+#include "write_script.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +27,8 @@ constexpr std::string_view usage =
     "       pinecove-inspect --serialize FILE   the text Pinecove would write for FILE\n"
     "       pinecove-inspect --toggle-all FILE  the same, after switching every custom entry\n"
     "       pinecove-inspect --input TEXT       how Pinecove reads TEXT typed into the panel\n"
+    "       pinecove-inspect --script FILE      the root script that applying FILE would run here\n"
+    "       pinecove-inspect --applescript FILE the macOS administrator command for it\n"
     "FILE may be - for standard input.\n";
 
 void fail(const std::string& message) {
@@ -63,6 +66,20 @@ int printInput(std::string_view text) {
     return writeOut(inspect::inputJson(HostsParser::parseInput(trimWhitespace(text))) + "\n");
 }
 
+// Exactly what an apply of FILE's text would hand to the administrator runner.
+int printWriteCommand(HostsDocument& document, bool appleScript) {
+    const std::string text = serialized(document);
+    if (PrivilegedWriter::isTooLarge(text)) {
+        fail(std::string(PrivilegedWriter::tooLargeMessage));
+        return exitFailure;
+    }
+    const std::string delimiter = PrivilegedWriter::newDelimiter();
+    if (appleScript)
+        return writeOut(PrivilegedWriter::appleScriptCommand(
+            PrivilegedWriter::writeScript(text, delimiter, PrivilegedWriter::Platform::MacOS)));
+    return writeOut(PrivilegedWriter::writeScript(text, delimiter));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -81,6 +98,10 @@ int main(int argc, char** argv) {
     const std::string& value = args[1];
     if (option == "--input")
         return printInput(value);
+    if (option == "--script" || option == "--applescript") {
+        auto document = loadFile(value);
+        return document ? printWriteCommand(*document, option == "--applescript") : exitFailure;
+    }
     if (option == "--serialize" || option == "--toggle-all") {
         auto document = loadFile(value);
         if (!document)
