@@ -1,0 +1,114 @@
+#pragma once
+
+#include "custom_order.h"
+#include "hostname_collation.h"
+#include "hosts_document.h"
+#include "script_runner.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+// The one model object of the app: the loaded hosts file, the user's pending edits, the lists
+// the panel shows, and the apply cycle. Used on the main thread only.
+//
+// Whether there are unapplied edits is always serialized() compared with baseline(), never a
+// flag kept by hand.
+class HostsStore : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool isApplying READ isApplying NOTIFY isApplyingChanged)
+    Q_PROPERTY(QString lastError READ lastErrorText NOTIFY lastErrorChanged)
+    Q_PROPERTY(bool hasError READ hasError NOTIFY lastErrorChanged)
+    Q_PROPERTY(bool isDirty READ isDirty NOTIFY dirtyChanged)
+
+public:
+    using Line = pinecove::Line;
+
+    // Everything the store touches outside itself, so tests touch the machine only where they
+    // mean to. The defaults are the real ones.
+    struct Environment {
+        QString hostsPath = QStringLiteral("/etc/hosts");
+        std::function<QString()> backupsFolder;     // default: Backups::defaultFolder
+        std::function<QDateTime()> clock;           // default: the current local time
+        std::shared_ptr<ScriptRunner> runner;       // default: platformScriptRunner()
+        QLocale locale;                             // collation of the custom list
+    };
+
+    inline static const QString readFailureMessage = QStringLiteral("Could not read /etc/hosts");
+    inline static const QString conflictMessage = QStringLiteral(
+        "The hosts file was changed by another app. Choose Refresh from the menu to load the "
+        "latest version, then apply again.");
+
+    explicit HostsStore(QObject* parent = nullptr);
+    explicit HostsStore(Environment environment, QObject* parent = nullptr);
+    ~HostsStore() override;
+
+    // Published state.
+    const std::vector<Line>& lines() const { return document_.lines; }
+    const pinecove::EntryTable& entries() const { return document_.entries; }
+    const std::vector<pinecove::Uuid>& order() const { return document_.order; }
+    const std::string& baseline() const { return baseline_; }
+    bool isApplying() const { return isApplying_; }
+    const std::optional<QString>& lastError() const { return lastError_; }
+    QString lastErrorText() const { return lastError_.value_or(QString()); }
+    bool hasError() const { return lastError_.has_value(); }
+
+    // Derived, computed on each call.
+    std::string serialized() const { return pinecove::serialized(document_); }
+    bool isDirty() const { return serialized() != baseline_; }
+    std::vector<pinecove::HostEntry> orderedEntries() const;
+    std::vector<pinecove::HostEntry> systemEntries() const;
+    std::vector<pinecove::HostEntry> customEntries() const;
+    int activeCustomCount() const;
+    // The custom list without copying entries, for list models.
+    const CustomOrder& customOrder() const { return customOrder_; }
+
+    // Reads the hosts file and replaces the model, or sets lastError and keeps the model.
+    Q_INVOKABLE void load();
+    // Edits in memory. System entries and unknown ids are left alone.
+    void toggle(const pinecove::Uuid& id);
+    void remove(const pinecove::Uuid& id);
+    bool add(const std::string& ip, const std::vector<std::string>& hostnames);
+    // Checks for outside changes, backs up, writes and reloads; reports only through
+    // isApplying and lastError. Returns at once; applyFinished() follows when the write ends.
+    Q_INVOKABLE void apply();
+
+signals:
+    void linesChanged();
+    void entriesChanged();
+    void orderChanged();
+    void baselineChanged();
+    void isApplyingChanged();
+    void lastErrorChanged();
+    // After any change that may change isDirty().
+    void dirtyChanged();
+    // The custom list, in detail, so that views can animate rows instead of resetting.
+    void customEntriesReset();
+    void customEntryMoved(int from, int to);
+    void customEntryChanged(int position);
+    void customEntryInserted(int position);
+    void customEntryRemoved(int position);
+    // The system entries changed as a whole (after a load).
+    void systemEntriesReset();
+    void applyFinished();
+
+private:
+    std::optional<std::string> readHostsFile() const;
+    void setApplying(bool applying);
+    void setLastError(std::optional<QString> error);
+    void finishApply(std::optional<QString> error);
+
+    Environment environment_;
+    HostnameCollation collation_;
+    pinecove::HostsDocument document_;
+    CustomOrder customOrder_;
+    std::string baseline_;
+    bool isApplying_ = false;
+    std::optional<QString> lastError_;
+    std::shared_ptr<const std::string> loadedDiskText_ = std::make_shared<const std::string>();
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // outlived by a pending write
+};

@@ -1,0 +1,36 @@
+#include "privileged_writer.h"
+
+#include <QTimer>
+
+namespace PrivilegedWriter {
+
+namespace {
+
+struct OutcomeToFailure {
+    std::optional<WriteFailure> operator()(const ScriptRunner::Succeeded&) const { return std::nullopt; }
+    std::optional<WriteFailure> operator()(const ScriptRunner::Failed& f) const {
+        return WriteFailure{f.message, true};
+    }
+    std::optional<WriteFailure> operator()(const ScriptRunner::NotStarted& f) const {
+        return WriteFailure{f.message, false};
+    }
+};
+
+} // namespace
+
+void writeHostsFile(const std::string& text, ScriptRunner& runner,
+                    std::function<void(std::optional<WriteFailure>)> done) {
+    if (isTooLarge(text)) {
+        // Completed from the event loop, like every other outcome, so callers see one shape.
+        QTimer::singleShot(0, [done = std::move(done)] {
+            done(WriteFailure{std::string(tooLargeMessage), true});
+        });
+        return;
+    }
+    runner.run(writeScript(text, newDelimiter()),
+               [done = std::move(done)](ScriptRunner::Outcome outcome) {
+                   done(std::visit(OutcomeToFailure{}, outcome));
+               });
+}
+
+} // namespace PrivilegedWriter

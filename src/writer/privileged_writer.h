@@ -1,0 +1,24 @@
+#pragma once
+
+#include "script_runner.h"
+#include "write_script.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace PrivilegedWriter {
+
+// Why a write did not happen: a WriteError from the size check or the runner, or a runner that
+// could not be started (its own description).
+struct WriteFailure {
+    std::string message;
+    bool isWriteError = true;
+};
+
+// Replaces /etc/hosts with `text` through `runner`. Too large a text is refused before anything
+// runs. `done` is called exactly once, with nothing on success.
+void writeHostsFile(const std::string& text, ScriptRunner& runner,
+                    std::function<void(std::optional<WriteFailure>)> done);
+
+} // namespace PrivilegedWriter
