@@ -26,4 +26,13 @@ constexpr bool equalsLowercased(std::string_view text, std::string_view lower) {
     return true;
 }
 
+constexpr bool equalsIgnoringCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (asciiLower(a[i]) != asciiLower(b[i]))
+            return false;
+    return true;
+}
+
 } // namespace pinecove

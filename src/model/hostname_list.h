@@ -71,6 +71,8 @@ public:
     HostnameList(std::string_view text, std::uint32_t count) : text_(text), count_(count) {}
 
     std::size_t size() const { return count_; }
+    // The names with the separators between them as they stand: for a single name, the name.
+    std::string_view text() const { return text_; }
     bool empty() const { return count_ == 0; }
     Iterator begin() const { return Iterator(text_, count_); }
     Iterator end() const { return Iterator(); }

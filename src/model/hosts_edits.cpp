@@ -3,7 +3,6 @@
 #include "ascii.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace pinecove {
 
@@ -26,17 +25,30 @@ bool deleteEntry(HostsDocument& document, const Uuid& id) {
 
 std::optional<Uuid> addEntry(HostsDocument& document, const std::string& ip,
                              const std::vector<std::string>& hostnames) {
-    std::unordered_set<std::string> taken;
-    for (const Uuid& id : document.order)
-        if (const HostEntry* entry = document.entries.find(id))
-            for (const std::string_view name : entry->hostnames())
-                taken.insert(asciiLowercased(name));
+    // One pass over every entry (the table holds exactly the entries of the order), comparing
+    // in place: on a 200,000-entry block list this is a few milliseconds, where building a set
+    // of every lower-cased name is a few hundred.
+    std::vector<bool> taken(hostnames.size(), false);
+    auto mark = [&](std::string_view name) {
+        for (std::size_t i = 0; i < hostnames.size(); ++i)
+            if (!taken[i] && equalsIgnoringCase(name, hostnames[i]))
+                taken[i] = true;
+    };
+    for (const HostEntry& existing : document.entries) {
+        const HostnameList& names = existing.hostnames();
+        if (names.size() == 1)
+            mark(names.text()); // most entries: no need to split anything
+        else
+            for (const std::string_view name : names)
+                mark(name);
+    }
 
+    // Names are checked against the entries only, not against each other: a new name given
+    // twice is kept twice.
     std::vector<std::string> kept;
-    // The set is not extended while filtering: a new name given twice is kept twice.
-    for (const std::string& name : hostnames)
-        if (!taken.contains(asciiLowercased(name)))
-            kept.push_back(name);
+    for (std::size_t i = 0; i < hostnames.size(); ++i)
+        if (!taken[i])
+            kept.push_back(hostnames[i]);
     if (kept.empty())
         return std::nullopt;
 

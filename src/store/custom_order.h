@@ -23,8 +23,10 @@ public:
     std::optional<int> removed(const pinecove::Uuid& id);
     int added(const pinecove::HostEntry& entry);
 
-    int size() const { return static_cast<int>(items_.size()); }
-    const pinecove::Uuid& idAt(int position) const { return items_[static_cast<std::size_t>(position)].id; }
+    int size() const { return static_cast<int>(sorted_.size()); }
+    const pinecove::Uuid& idAt(int position) const {
+        return items_[sorted_[static_cast<std::size_t>(position)]].id;
+    }
     std::optional<int> positionOf(const pinecove::Uuid& id) const;
 
 private:
@@ -32,6 +34,7 @@ private:
         pinecove::Uuid id;
         std::string_view name; // first hostname; points into the entry's own text
         std::string_view ip;
+        std::uint64_t keyPrefix = 0; // the key's first eight bytes, big-endian, zero-padded
         std::uint32_t keyOffset = 0; // the name's collation key in keys_, when fast keys are on
         std::uint32_t sequence = 0;  // file order, then order of adding
         bool enabled = true;
@@ -39,10 +42,14 @@ private:
 
     Item makeItem(const pinecove::HostEntry& entry, std::uint32_t sequence);
     bool before(const Item& a, const Item& b) const;
-    int insertSorted(Item item);
+    int insertSorted(std::uint32_t item);
 
     const HostnameCollation& collation_;
+    // Items never move; the order is a list of their indices, so an edit near the top of a huge
+    // list shifts four bytes per entry rather than a whole item. A removed item stays behind,
+    // unlisted, until the next rebuild.
     std::vector<Item> items_;
+    std::vector<std::uint32_t> sorted_;
     std::string keys_; // every key, back to back; a key is as long as its name
     std::uint32_t nextSequence_ = 0;
 };
