@@ -60,6 +60,11 @@ int runInsideNamespace(const QString& backups) {
 
     HostsStore::Environment environment; // the real hosts path and the real runner
     environment.backupsFolder = [backups] { return backups; };
+    // Several applies follow within a second here; a backup name is per second.
+    // Each store copies the environment, so the clock's time is shared.
+    environment.clock = [tick = std::make_shared<QDateTime>(QDateTime::currentDateTime())] {
+        return *tick = tick->addSecs(1);
+    };
     HostsStore store(environment);
     check(!store.hasError(), "the real /etc/hosts loads");
     store.toggle(store.customOrder().idAt(0)); // staging.test, before the add sorts ahead of it
@@ -90,6 +95,23 @@ int runInsideNamespace(const QString& backups) {
     check(second.lastErrorText() == HostsStore::conflictMessage, "the conflict message is shown");
     check(readFile(hosts) == outside, "the other app's text is kept");
     check(QDir(backups).entryList(QDir::Files).size() == 1, "no backup for a refused apply");
+
+    // Block lists: 2,000 mappings are written; 200,000 (5.9 MB) stop at the size limit.
+    const auto applyBlockList = [&](const char* source) {
+        writeFile(hosts, readFile(QString::fromLocal8Bit(source)));
+        HostsStore blockList(environment);
+        blockList.toggle(blockList.customOrder().idAt(0));
+        const std::string text = blockList.serialized();
+        check(applyAndWait(blockList), std::string("the apply of ") + source + " finishes");
+        return std::pair{text, blockList.lastErrorText()};
+    };
+    const auto [smallText, smallError] = applyBlockList(PINECOVE_HOSTS_2000);
+    check(smallError.isEmpty() && readFile(hosts) == smallText,
+          "a 2,000-mapping file is written, got: " + smallError.toStdString());
+    const QString largeError = applyBlockList(PINECOVE_HOSTS_200000).second;
+    check(largeError == QStringLiteral("The hosts file is unexpectedly large. Refusing to write."),
+          "a 200,000-mapping file is refused, got: " + largeError.toStdString());
+    check(readFile(hosts) == readFile(QStringLiteral(PINECOVE_HOSTS_200000)), "the refused file stays as it was");
     return failures;
 }
 
