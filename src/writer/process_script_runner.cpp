@@ -70,7 +70,7 @@ void ProcessScriptRunner::run(const std::string& script, std::function<void(Outc
                              (*shared)(Failed{failureMessage(process->readAllStandardError())});
                      });
     process->start();
-    if (delivery_ == Delivery::StandardInput) {
+    if (delivery_ == Delivery::StandardInput && process->state() != QProcess::NotRunning) {
         process->write(payload.data(), static_cast<qint64>(payload.size()));
         process->closeWriteChannel();
     }

@@ -93,6 +93,26 @@ TEST(InspectCliTest, RefusesFilesItCannotReadAsUtf8) {
     EXPECT_EQ(inspect({"--input", "\xFF"}).exitCode, 1);
 }
 
+TEST(InspectCliTest, ScriptPrintsWhatTheRunnerWouldRun) {
+    const std::string text = "127.0.0.1 a.test # \"q\" $HOME\n";
+    const auto script = inspect({"--script", "-"}, text);
+    ASSERT_EQ(script.exitCode, 0) << script.err;
+    EXPECT_TRUE(script.out.starts_with("set -e\nT=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"));
+    EXPECT_NE(script.out.find("'\n" + text + "PINECOVE_EOF_"), std::string::npos);
+    EXPECT_TRUE(script.out.find("/bin/mv \"$T\" /etc/hosts") != std::string::npos);
+
+    const auto command = inspect({"--applescript", "-"}, text);
+    ASSERT_EQ(command.exitCode, 0);
+    EXPECT_TRUE(command.out.starts_with("do shell script \"set -e\\nT="));
+    EXPECT_TRUE(command.out.ends_with("with prompt \"Pinecove wants to update your hosts file.\""));
+    EXPECT_NE(command.out.find("/usr/sbin/chown root:wheel"), std::string::npos);
+
+    const auto tooLarge = inspect({"--script", "-"}, std::string(200'000, '#'));
+    EXPECT_EQ(tooLarge.exitCode, 1);
+    EXPECT_NE(tooLarge.err.find("unexpectedly large"), std::string::npos);
+    EXPECT_EQ(tooLarge.out, "");
+}
+
 TEST(InspectCliTest, BadUsagePrintsTheUsage) {
     const std::vector<std::vector<std::string>> misuses = {
         {}, {"--serialize"}, {"--bogus", "file"}, {"--toggle-all", "a", "b"}, {"--input"}, {"--nope"}};
