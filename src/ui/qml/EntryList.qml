@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Controls
+import Pinecove
+
+// The custom entries (or the empty state), then the system section. Only the rows in view
+// exist, so a block list of 200,000 entries scrolls as lightly as a short one.
+ListView {
+    id: list
+
+    property bool systemExpanded: false
+    readonly property int padding: 8
+    readonly property real maxHeight: 380
+
+    // The padded content's height, clamped; before the first measurement this is 1.
+    implicitHeight: Math.min(Math.max(contentHeight + 2 * padding, 1), maxHeight)
+    topMargin: padding
+    bottomMargin: padding
+    leftMargin: padding
+    rightMargin: padding
+    spacing: 2
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    model: Store.customEntries
+    reuseItems: true
+
+    delegate: EntryRow {
+        width: list.width - 2 * list.padding
+    }
+
+    header: EmptyState {
+        width: list.width - 2 * list.padding
+        visible: list.count === 0
+        height: visible ? implicitHeight : 0
+    }
+
+    footer: SystemSection {
+        width: list.width - 2 * list.padding
+        topPadding: list.count > 0 ? 6 : 0
+        expanded: list.systemExpanded
+        onExpandedChanged: list.systemExpanded = expanded
+    }
+
+    ScrollBar.vertical: ScrollBar {
+        // Only content taller than the list area scrolls.
+        visible: list.contentHeight + 2 * list.padding > list.maxHeight
+    }
+
+    // A toggle moves its row to its sorted place; a removal lets the others close up.
+    move: Transition {
+        NumberAnimation {
+            properties: "y"
+            duration: Theme.motion(0.15)
+            easing.type: Easing.OutCubic
+        }
+    }
+    displaced: Transition {
+        NumberAnimation {
+            properties: "y"
+            duration: Theme.motion(0.18)
+            easing.type: Easing.OutCubic
+        }
+    }
+    remove: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.motion(0.18)
+        }
+    }
+}

@@ -1,0 +1,211 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Pinecove
+
+// One mapping in the list: status dot, first name with a "+N" badge, address. A click toggles
+// it, the trash button (on hover) and the context menu remove it; system rows are dimmed and
+// locked.
+Item {
+    id: row
+
+    required property string entryId
+    required property string title
+    required property string badge
+    required property string badgeTooltip
+    required property string address
+    required property bool enabled
+    required property bool system
+    required property string accessibleLabel
+    required property string accessibleValue
+    required property string accessibleHint
+
+    readonly property bool hovered: hover.hovered
+
+    function toggle() {
+        if (!system)
+            Store.toggle(entryId);
+    }
+
+    function remove() {
+        if (!system)
+            Store.remove(entryId);
+    }
+
+    implicitHeight: layout.implicitHeight + 14
+    opacity: system ? 0.75 : 1
+
+    HoverHandler {
+        id: hover
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 8
+        color: row.hovered ? Theme.alpha(Theme.label, 0.06) : "transparent"
+    }
+
+    RowLayout {
+        id: layout
+
+        anchors.fill: parent
+        anchors.leftMargin: 10
+        anchors.rightMargin: 10
+        anchors.topMargin: 7
+        anchors.bottomMargin: 7
+        spacing: 8
+
+        EntryRowControl {
+            id: mainControl
+
+            objectName: "mainControl"
+            Layout.fillWidth: true
+            implicitHeight: content.implicitHeight
+            label: row.accessibleLabel
+            value: row.accessibleValue
+            hint: row.accessibleHint
+            locked: row.system
+            Accessible.role: Accessible.Button
+            Accessible.name: row.accessibleLabel
+            Accessible.description: row.accessibleHint
+            onToggleRequested: row.toggle()
+            onRemoveRequested: row.remove()
+            Keys.onSpacePressed: row.toggle()
+            Keys.onReturnPressed: row.toggle()
+            Keys.onDeletePressed: row.remove()
+
+            TapHandler {
+                enabled: !row.system
+                onTapped: row.toggle()
+            }
+
+            RowLayout {
+                id: content
+
+                anchors.fill: parent
+                spacing: 11
+
+                Item {
+                    implicitWidth: 12
+                    implicitHeight: 12
+
+                    StatusDot {
+                        anchors.centerIn: parent
+                        on: row.enabled
+                    }
+                }
+
+                ColumnLayout {
+                    spacing: 1
+                    Layout.fillWidth: true
+
+                    RowLayout {
+                        spacing: 5
+                        Layout.fillWidth: true
+
+                        Text {
+                            text: row.title
+                            color: row.enabled ? Theme.primary : Theme.secondary
+                            font.pixelSize: Theme.calloutSize
+                            font.weight: Font.Medium
+                            elide: Text.ElideRight
+                            Layout.fillWidth: badgeChip.visible ? false : true
+                            Layout.maximumWidth: content.width - 23 - (badgeChip.visible ? badgeChip.width + 5 : 0)
+                        }
+
+                        Rectangle {
+                            id: badgeChip
+
+                            visible: row.badge !== ""
+                            implicitWidth: badgeText.implicitWidth + 8
+                            implicitHeight: badgeText.implicitHeight + 2
+                            radius: height / 2
+                            color: Theme.alpha(Theme.label, 0.08)
+
+                            Text {
+                                id: badgeText
+
+                                anchors.centerIn: parent
+                                text: row.badge
+                                color: Theme.secondary
+                                font.pixelSize: 9
+                                font.weight: Font.DemiBold
+                            }
+
+                            HoverHandler {
+                                id: badgeHover
+                            }
+
+                            ToolTip.visible: badgeHover.hovered
+                            ToolTip.text: row.badgeTooltip
+                            ToolTip.delay: 500
+                        }
+
+                        Item {
+                            Layout.fillWidth: badgeChip.visible
+                        }
+                    }
+
+                    Text {
+                        text: row.address
+                        color: Theme.secondary
+                        font.pixelSize: Theme.captionSize
+                        font.family: Theme.monoFamily
+                        elide: Text.ElideRight
+                        Layout.fillWidth: true
+                    }
+                }
+            }
+        }
+
+        Symbol {
+            visible: row.system
+            name: "lock.fill"
+            size: 10
+            tint: Theme.secondary
+            opacity: row.hovered ? 1 : 0.6
+        }
+
+        AbstractButton {
+            id: trash
+
+            objectName: "removeButton"
+            visible: !row.system && row.hovered
+            implicitWidth: 18
+            implicitHeight: 18
+            Accessible.ignored: true // the row's "Remove" action covers it
+            onClicked: row.remove()
+            ToolTip.visible: hovered
+            ToolTip.text: "Remove entry"
+            ToolTip.delay: 500
+
+            contentItem: Symbol {
+                name: "trash"
+                size: 11
+                tint: Theme.secondary
+            }
+        }
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        enabled: !row.system
+        onTapped: contextMenu.popup()
+    }
+
+    Menu {
+        id: contextMenu
+
+        objectName: "contextMenu"
+
+        MenuItem {
+            text: row.enabled ? "Turn Off" : "Turn On"
+            onTriggered: row.toggle()
+        }
+
+        MenuItem {
+            text: "Remove"
+            onTriggered: row.remove()
+        }
+    }
+}

@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Layouts
+import Pinecove
+
+// The store's one error message, for as long as the store reports it.
+Rectangle {
+    id: banner
+
+    property string message
+
+    implicitHeight: layout.implicitHeight + 16
+    color: Theme.alpha(Theme.red, 0.08)
+
+    RowLayout {
+        id: layout
+
+        anchors.fill: parent
+        anchors.leftMargin: 14
+        anchors.rightMargin: 14
+        spacing: 8
+
+        Symbol {
+            name: "exclamationmark.triangle.fill"
+            size: 11
+            tint: Theme.red
+        }
+
+        Text {
+            text: banner.message
+            color: Theme.secondary
+            font.pixelSize: Theme.captionSize
+            wrapMode: Text.WordWrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            Layout.fillWidth: true
+        }
+    }
+}

@@ -1,0 +1,103 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Pinecove
+
+// Where new mappings are typed: names alone map to 127.0.0.1, or an address and names. While
+// the text parses, chips preview what Return will add.
+ColumnLayout {
+    id: bar
+
+    property alias text: field.text
+    readonly property var parsed: Store.preview(field.text)
+    readonly property bool parses: parsed.ip !== undefined
+
+    function addEntry() {
+        if (parses && Store.add(field.text))
+            field.text = "";
+    }
+
+    spacing: 6
+
+    Flow {
+        id: preview
+
+        objectName: "preview"
+        visible: bar.parses
+        spacing: 5
+        Layout.fillWidth: true
+        Layout.leftMargin: 12
+        Layout.rightMargin: 12
+        Layout.topMargin: 12
+        opacity: visible ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.motion(0.15)
+            }
+        }
+
+        Chip {
+            objectName: "ipChip"
+            text: bar.parses ? bar.parsed.ip : ""
+            tint: Theme.teal
+        }
+
+        Repeater {
+            model: bar.parses ? bar.parsed.hosts : []
+
+            delegate: Chip {
+                required property string modelData
+                objectName: "hostChip"
+                text: modelData
+                tint: Theme.green
+            }
+        }
+    }
+
+    Rectangle {
+        Layout.fillWidth: true
+        Layout.leftMargin: 12
+        Layout.rightMargin: 12
+        Layout.topMargin: bar.parses ? 0 : 12
+        Layout.bottomMargin: 12
+        implicitHeight: fieldRow.implicitHeight + 16
+        radius: 8
+        color: Theme.alpha(Theme.label, 0.05)
+        border.width: 1
+        border.color: bar.parses ? Theme.alpha(Theme.green, 0.4) : Theme.alpha(Theme.label, 0.08)
+
+        RowLayout {
+            id: fieldRow
+
+            anchors.fill: parent
+            anchors.leftMargin: 10
+            anchors.rightMargin: 10
+            spacing: 8
+
+            Symbol {
+                objectName: "plusSymbol"
+                name: "plus"
+                size: 11
+                tint: bar.parses ? Theme.green : Theme.secondary
+            }
+
+            TextField {
+                id: field
+
+                objectName: "inputField"
+                Layout.fillWidth: true
+                placeholderText: "myapp.test  or  10.0.0.5 myapp.test"
+                placeholderTextColor: Theme.tertiary
+                color: Theme.primary
+                font.pixelSize: Theme.calloutSize
+                font.family: Theme.monoFamily
+                background: null
+                padding: 0
+                selectByMouse: true
+                Accessible.name: "New entry"
+                onAccepted: bar.addEntry()
+            }
+        }
+    }
+}

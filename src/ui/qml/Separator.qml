@@ -1,0 +1,7 @@
+import QtQuick
+import Pinecove
+
+Rectangle {
+    implicitHeight: 1
+    color: Theme.separator
+}

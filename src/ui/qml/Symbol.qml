@@ -1,0 +1,25 @@
+import QtQuick
+import Pinecove
+
+// One of the panel's symbols, tinted. The image is drawn at three times its size so it stays
+// sharp on high-density screens; layouts see only the size.
+Item {
+    id: symbol
+
+    required property string name
+    property color tint: Theme.secondary
+    property real size: 12
+
+    implicitWidth: size
+    implicitHeight: size
+    Accessible.ignored: true
+
+    Image {
+        anchors.fill: parent
+        source: "image://symbol/" + symbol.name + "/" + symbol.tint
+        sourceSize: Qt.size(Math.ceil(symbol.size * 3), Math.ceil(symbol.size * 3))
+        fillMode: Image.PreserveAspectFit
+        smooth: true
+        mipmap: true
+    }
+}

@@ -1,0 +1,92 @@
+import QtQuick
+import QtQuick.Layouts
+import Pinecove
+
+// The system's own mappings (localhost, broadcasthost): counted, collapsed by default, locked.
+ColumnLayout {
+    id: section
+
+    property bool expanded: false
+    property real topPadding: 0
+
+    spacing: 2
+    visible: Store.systemEntries.count > 0
+
+    Item {
+        id: toggle
+
+        function flip() {
+            section.expanded = !section.expanded;
+        }
+
+        objectName: "systemToggle"
+        Layout.fillWidth: true
+        Layout.topMargin: section.topPadding
+        implicitHeight: header.implicitHeight + 14
+        activeFocusOnTab: true
+        Accessible.role: Accessible.Button
+        Accessible.name: "System defaults, " + Store.systemEntries.count
+        Accessible.onPressAction: flip()
+        Keys.onSpacePressed: flip()
+        Keys.onReturnPressed: flip()
+
+        TapHandler {
+            onTapped: toggle.flip()
+        }
+
+        RowLayout {
+            id: header
+
+            anchors.fill: parent
+            anchors.leftMargin: 10
+            anchors.rightMargin: 10
+            spacing: 6
+
+            Symbol {
+                name: "chevron.right"
+                size: 9
+                tint: Theme.secondary
+                rotation: section.expanded ? 90 : 0
+
+                Behavior on rotation {
+                    NumberAnimation {
+                        duration: Theme.motion(0.2)
+                        easing.type: Easing.OutCubic
+                    }
+                }
+            }
+
+            Text {
+                text: "System defaults"
+                color: Theme.secondary
+                font.pixelSize: Theme.captionSize
+                font.weight: Font.Medium
+            }
+
+            Text {
+                text: Store.systemEntries.count
+                color: Theme.tertiary
+                font.pixelSize: Theme.captionSize
+                font.weight: Font.Medium
+            }
+
+            Item {
+                Layout.fillWidth: true
+            }
+
+            Symbol {
+                name: "lock.fill"
+                size: 9
+                tint: Theme.tertiary
+            }
+        }
+    }
+
+    Repeater {
+        model: section.expanded ? Store.systemEntries : null
+
+        delegate: EntryRow {
+            Layout.fillWidth: true
+        }
+    }
+}
