@@ -4,7 +4,6 @@
 #include "hosts_edits.h"
 
 #include <benchmark/benchmark.h>
-
 #include <fstream>
 #include <sstream>
 

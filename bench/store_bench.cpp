@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QStandardPaths>
-
 #include <benchmark/benchmark.h>
 
 using namespace pinecove;

@@ -7,7 +7,9 @@ namespace pinecove {
 
 // Hostnames are ASCII by construction, so case folding them never needs a locale.
 
-constexpr char asciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char asciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 inline std::string asciiLowercased(std::string_view text) {
     std::string lower(text);

@@ -92,7 +92,8 @@ void EntryTable::removeSlot(std::size_t slot) {
     for (std::size_t next = (hole + 1) & mask; index_[next].entryPlusOne != 0;
          next = (next + 1) & mask) {
         const std::size_t home = entries_[index_[next].entryPlusOne - 1].id().hash() & mask;
-        // An entry may fill the hole only if its home does not lie in the cyclic range (hole, next].
+        // An entry may fill the hole only if its home does not lie in the cyclic range (hole,
+        // next].
         if (((next - home) & mask) >= ((next - hole) & mask)) {
             index_[hole] = index_[next];
             hole = next;

@@ -53,7 +53,8 @@ private:
     };
 
     static std::uint32_t tagOf(std::size_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
-    std::size_t slotOf(const Uuid& id) const; // the slot holding id, or the empty slot ending its run
+    std::size_t
+    slotOf(const Uuid& id) const; // the slot holding id, or the empty slot ending its run
     void rebuildIndex(std::size_t capacity);
     void removeSlot(std::size_t slot);
 

@@ -41,7 +41,9 @@ public:
 
     private:
         friend class HostnameList;
-        Iterator(std::string_view text, std::uint32_t count) : rest_(text), remaining_(count) {
+        Iterator(std::string_view text, std::uint32_t count)
+            : rest_(text)
+            , remaining_(count) {
             advance(false);
         }
         void advance(bool consume = true) {
@@ -68,7 +70,9 @@ public:
 
     HostnameList() = default;
     // `text` holds exactly `count` names separated by spaces and tabs.
-    HostnameList(std::string_view text, std::uint32_t count) : text_(text), count_(count) {}
+    HostnameList(std::string_view text, std::uint32_t count)
+        : text_(text)
+        , count_(count) {}
 
     std::size_t size() const { return count_; }
     // The names with the separators between them as they stand: for a single name, the name.
@@ -77,7 +81,9 @@ public:
     Iterator begin() const { return Iterator(text_, count_); }
     Iterator end() const { return Iterator(); }
     std::string_view front() const { return *begin(); }
-    std::string_view operator[](std::size_t index) const { return *std::next(begin(), static_cast<std::ptrdiff_t>(index)); }
+    std::string_view operator[](std::size_t index) const {
+        return *std::next(begin(), static_cast<std::ptrdiff_t>(index));
+    }
     std::vector<std::string> toVector() const { return {begin(), end()}; }
 
     friend bool operator==(const HostnameList& a, const HostnameList& b) {

@@ -14,8 +14,8 @@ HostEntry makeEntry(const std::shared_ptr<const std::string>& text, std::string_
     // The names, with whatever separators stand between them in the line.
     const std::string_view first = view.hosts.front();
     const std::string_view last = view.hosts.back();
-    const std::string_view names(first.data(),
-                                 static_cast<std::size_t>(last.data() + last.size() - first.data()));
+    const std::string_view names(
+        first.data(), static_cast<std::size_t>(last.data() + last.size() - first.data()));
     return HostEntry::fromLine(text, line, view.ip,
                                HostnameList(names, static_cast<std::uint32_t>(view.hosts.size())),
                                view.comment, view.enabled);

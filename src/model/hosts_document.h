@@ -12,7 +12,8 @@ namespace pinecove {
 // The hosts file in memory: its lines in file order, its entries by id, and the ids in file
 // order followed by added ones. The store and the command-line tool share this one form.
 struct HostsDocument {
-    std::shared_ptr<const std::string> text; // the text the lines were read from; raw lines point into it
+    std::shared_ptr<const std::string>
+        text; // the text the lines were read from; raw lines point into it
     std::vector<Line> lines;
     EntryTable entries;
     std::vector<Uuid> order;

@@ -3,7 +3,6 @@
 #include "whitespace.h"
 
 #include <arpa/inet.h>
-
 #include <array>
 #include <cstring>
 

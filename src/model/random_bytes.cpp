@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <atomic>
 #include <pthread.h>
 
 #if defined(__APPLE__)
@@ -39,7 +39,9 @@ void systemRandomBytes(std::uint8_t* buffer, std::size_t length) {
 
 namespace {
 
-constexpr std::uint32_t rotl(std::uint32_t v, int n) { return (v << n) | (v >> (32 - n)); }
+constexpr std::uint32_t rotl(std::uint32_t v, int n) {
+    return (v << n) | (v >> (32 - n));
+}
 
 void quarterRound(std::array<std::uint32_t, 16>& x, std::size_t a, std::size_t b, std::size_t c,
                   std::size_t d) {
@@ -72,7 +74,9 @@ void chachaBlock(const std::array<std::uint32_t, 16>& input, std::uint8_t* out) 
 // less than asking the kernel for the process id on every draw.
 std::atomic<unsigned> forkGeneration{1};
 
-void countFork() { forkGeneration.fetch_add(1, std::memory_order_relaxed); }
+void countFork() {
+    forkGeneration.fetch_add(1, std::memory_order_relaxed);
+}
 
 class ChaChaStream {
 public:
@@ -83,7 +87,8 @@ public:
 
     void take(std::uint8_t* out, std::size_t length) {
         while (length > 0) {
-            if (used_ == buffer_.size() || generation_ != forkGeneration.load(std::memory_order_relaxed))
+            if (used_ == buffer_.size() ||
+                generation_ != forkGeneration.load(std::memory_order_relaxed))
                 refill();
             const std::size_t n = std::min(length, buffer_.size() - used_);
             std::memcpy(out, buffer_.data() + used_, n);

@@ -31,7 +31,8 @@ unsigned char byteAt(std::string_view text, std::size_t i) {
 std::size_t leadingWhitespaceLength(std::string_view text) {
     if (text.empty())
         return 0;
-    const std::size_t length = whitespaceSequenceLength(byteAt(text, 0), byteAt(text, 1), byteAt(text, 2));
+    const std::size_t length =
+        whitespaceSequenceLength(byteAt(text, 0), byteAt(text, 1), byteAt(text, 2));
     return length <= text.size() ? length : 0;
 }
 

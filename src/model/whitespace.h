@@ -17,6 +17,8 @@ std::size_t trailingWhitespaceLength(std::string_view text);
 std::string_view trimWhitespace(std::string_view text);
 
 // Token separators of a mapping line and of typed input: space and tab only.
-constexpr bool isTokenSeparator(char c) { return c == ' ' || c == '\t'; }
+constexpr bool isTokenSeparator(char c) {
+    return c == ' ' || c == '\t';
+}
 
 } // namespace pinecove

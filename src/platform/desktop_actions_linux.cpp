@@ -11,7 +11,9 @@ void openInTextEditor(const QString& path) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
-void revealFolder(const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }
+void revealFolder(const QString& path) {
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
 
 bool prefersReducedMotion() {
     // GNOME's "Animations" switch, which other GTK desktops follow too. Asked once at start.

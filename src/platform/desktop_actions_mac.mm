@@ -12,7 +12,8 @@ void openInTextEditor(const QString& path) {
 }
 
 void revealFolder(const QString& path) {
-    [[NSWorkspace sharedWorkspace] openURL:[NSURL fileURLWithPath:path.toNSString() isDirectory:YES]];
+    [[NSWorkspace sharedWorkspace] openURL:[NSURL fileURLWithPath:path.toNSString()
+                                                      isDirectory:YES]];
 }
 
 bool prefersReducedMotion() {

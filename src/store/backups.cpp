@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
-
 #include <algorithm>
 
 namespace Backups {
@@ -26,7 +25,8 @@ std::optional<QString> backUp(const QString& source, const QString& folder, cons
 
     const QString destination = folder + QLatin1Char('/') + fileName(when);
     if (QFile::exists(destination))
-        return QStringLiteral("Could not back up the hosts file: %1 already exists.").arg(destination);
+        return QStringLiteral("Could not back up the hosts file: %1 already exists.")
+            .arg(destination);
     QFile file(source);
     if (!file.copy(destination))
         return QStringLiteral("Could not back up the hosts file: %1.").arg(file.errorString());

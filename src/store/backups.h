@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-
 #include <optional>
 
 // Dated copies of the hosts file, made before every write, of which the newest 20 are kept.

@@ -17,7 +17,8 @@ CustomOrder::Item CustomOrder::makeItem(const HostEntry& entry, std::uint32_t se
         keys_ += key;
         // Weights start at 1, so zero padding sorts a shorter key first, as a full compare would.
         for (std::size_t i = 0; i < 8; ++i)
-            item.keyPrefix = (item.keyPrefix << 8) | (i < key.size() ? static_cast<std::uint8_t>(key[i]) : 0u);
+            item.keyPrefix =
+                (item.keyPrefix << 8) | (i < key.size() ? static_cast<std::uint8_t>(key[i]) : 0u);
     }
     return item;
 }
@@ -29,7 +30,8 @@ bool CustomOrder::before(const Item& a, const Item& b) const {
     if (collation_.hasFastKeys() && a.keyPrefix != b.keyPrefix)
         return a.keyPrefix < b.keyPrefix;
     if (collation_.hasFastKeys())
-        byName = std::string_view(keys_).substr(a.keyOffset, a.name.size())
+        byName = std::string_view(keys_)
+                     .substr(a.keyOffset, a.name.size())
                      .compare(std::string_view(keys_).substr(b.keyOffset, b.name.size()));
     else
         byName = collation_.compare(a.name, b.name);
@@ -58,7 +60,8 @@ void CustomOrder::rebuild(const HostsDocument& document) {
     // Sorting the items themselves keeps the comparisons on neighbouring memory; the list then
     // starts out as the items in place. The sequence breaks every tie, so a plain sort is as
     // stable as the rule asks.
-    std::sort(items_.begin(), items_.end(), [this](const Item& a, const Item& b) { return before(a, b); });
+    std::sort(items_.begin(), items_.end(),
+              [this](const Item& a, const Item& b) { return before(a, b); });
     sorted_.resize(items_.size());
     for (std::size_t i = 0; i < sorted_.size(); ++i)
         sorted_[i] = static_cast<std::uint32_t>(i);
@@ -66,7 +69,8 @@ void CustomOrder::rebuild(const HostsDocument& document) {
 
 std::optional<int> CustomOrder::positionOf(const Uuid& id) const {
     // Two sequential scans: the item by id, then its place in the list.
-    const auto item = std::find_if(items_.begin(), items_.end(), [&](const Item& i) { return i.id == id; });
+    const auto item =
+        std::find_if(items_.begin(), items_.end(), [&](const Item& i) { return i.id == id; });
     if (item == items_.end())
         return std::nullopt;
     const auto index = static_cast<std::uint32_t>(item - items_.begin());
@@ -77,9 +81,9 @@ std::optional<int> CustomOrder::positionOf(const Uuid& id) const {
 }
 
 int CustomOrder::insertSorted(std::uint32_t item) {
-    const auto at = std::upper_bound(sorted_.begin(), sorted_.end(), item, [this](std::uint32_t a, std::uint32_t b) {
-        return before(items_[a], items_[b]);
-    });
+    const auto at = std::upper_bound(
+        sorted_.begin(), sorted_.end(), item,
+        [this](std::uint32_t a, std::uint32_t b) { return before(items_[a], items_[b]); });
     return static_cast<int>(sorted_.insert(at, item) - sorted_.begin());
 }
 

@@ -15,7 +15,8 @@
 // and then kept by moving the one entry each edit touches.
 class CustomOrder {
 public:
-    explicit CustomOrder(const HostnameCollation& collation) : collation_(collation) {}
+    explicit CustomOrder(const HostnameCollation& collation)
+        : collation_(collation) {}
 
     void rebuild(const pinecove::HostsDocument& document);
     // Each reports where the list changed: the entry's old and new place, or its place.

@@ -1,7 +1,6 @@
 #include "hostname_collation.h"
 
 #include <QStringList>
-
 #include <algorithm>
 
 namespace {
@@ -9,11 +8,14 @@ namespace {
 constexpr std::string_view alphabet =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._";
 
-int sign(int value) { return (value > 0) - (value < 0); }
+int sign(int value) {
+    return (value > 0) - (value < 0);
+}
 
 } // namespace
 
-HostnameCollation::HostnameCollation(const QLocale& locale) : collator_(locale) {
+HostnameCollation::HostnameCollation(const QLocale& locale)
+    : collator_(locale) {
     collator_.setCaseSensitivity(Qt::CaseInsensitive);
 
     // Rank the single characters by the collator; equal ones (a and A) share a weight.
@@ -42,13 +44,15 @@ HostnameCollation::HostnameCollation(const QLocale& locale) : collator_(locale) 
     std::vector<qsizetype> byCollator(static_cast<std::size_t>(pairs.size()));
     for (std::size_t i = 0; i < byCollator.size(); ++i)
         byCollator[i] = static_cast<qsizetype>(i);
-    std::stable_sort(byCollator.begin(), byCollator.end(),
-                     [&](qsizetype a, qsizetype b) { return collator_.compare(pairs[a], pairs[b]) < 0; });
+    std::stable_sort(byCollator.begin(), byCollator.end(), [&](qsizetype a, qsizetype b) {
+        return collator_.compare(pairs[a], pairs[b]) < 0;
+    });
     fast_ = true;
     for (std::size_t i = 1; i < byCollator.size() && fast_; ++i) {
         const std::string& before = raw[static_cast<std::size_t>(byCollator[i - 1])];
         const std::string& after = raw[static_cast<std::size_t>(byCollator[i])];
-        const int expected = sign(collator_.compare(pairs[byCollator[i - 1]], pairs[byCollator[i]]));
+        const int expected =
+            sign(collator_.compare(pairs[byCollator[i - 1]], pairs[byCollator[i]]));
         fast_ = sign(key(before).compare(key(after))) == expected;
     }
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QCollator>
-
 #include <array>
 #include <cstdint>
 #include <string>

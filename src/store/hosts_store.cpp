@@ -15,7 +15,9 @@ HostsStore::Environment withDefaults(HostsStore::Environment environment) {
     if (!environment.backupsFolder)
         environment.backupsFolder = Backups::defaultFolder;
     if (!environment.clock)
-        environment.clock = [] { return QDateTime::currentDateTime(); };
+        environment.clock = [] {
+            return QDateTime::currentDateTime();
+        };
     if (!environment.runner)
         environment.runner = platformScriptRunner();
     return environment;
@@ -23,7 +25,8 @@ HostsStore::Environment withDefaults(HostsStore::Environment environment) {
 
 } // namespace
 
-HostsStore::HostsStore(QObject* parent) : HostsStore(Environment{}, parent) {}
+HostsStore::HostsStore(QObject* parent)
+    : HostsStore(Environment{}, parent) {}
 
 HostsStore::HostsStore(Environment environment, QObject* parent)
     : QObject(parent)
@@ -34,14 +37,17 @@ HostsStore::HostsStore(Environment environment, QObject* parent)
     load();
 }
 
-HostsStore::~HostsStore() { *alive_ = false; }
+HostsStore::~HostsStore() {
+    *alive_ = false;
+}
 
 std::optional<std::string> HostsStore::readHostsFile() const {
     QFile file(environment_.hostsPath);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError || !isValidUtf8(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))))
+    if (file.error() != QFileDevice::NoError ||
+        !isValidUtf8(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))))
         return std::nullopt;
     return bytes.toStdString();
 }

@@ -8,7 +8,6 @@
 #include <QDateTime>
 #include <QObject>
 #include <QString>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,10 +31,10 @@ public:
     // mean to. The defaults are the real ones.
     struct Environment {
         QString hostsPath = QStringLiteral("/etc/hosts");
-        std::function<QString()> backupsFolder;     // default: Backups::defaultFolder
-        std::function<QDateTime()> clock;           // default: the current local time
-        std::shared_ptr<ScriptRunner> runner;       // default: platformScriptRunner()
-        QLocale locale;                             // collation of the custom list
+        std::function<QString()> backupsFolder; // default: Backups::defaultFolder
+        std::function<QDateTime()> clock;       // default: the current local time
+        std::shared_ptr<ScriptRunner> runner;   // default: platformScriptRunner()
+        QLocale locale;                         // collation of the custom list
     };
 
     inline static const QString readFailureMessage = QStringLiteral("Could not read /etc/hosts");

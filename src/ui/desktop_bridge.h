@@ -24,9 +24,13 @@ public:
         return false;
 #endif
     }
-    bool reduceMotion() const { return reduceMotion_; }
+    bool reduceMotion() const {
+        return reduceMotion_;
+    }
     void setReduceMotion(bool reduce);
-    QString appearance() const { return appearance_; }
+    QString appearance() const {
+        return appearance_;
+    }
     void setAppearance(const QString& appearance);
 
 signals:

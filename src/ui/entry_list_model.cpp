@@ -12,7 +12,9 @@ EntryListModel::EntryListModel(HostsStore* store, Kind kind, QObject* parent)
     , store_(store)
     , kind_(kind) {
     ids_ = currentIds();
-    connect(store_, kind_ == Kind::Custom ? &HostsStore::customEntriesReset : &HostsStore::systemEntriesReset,
+    connect(store_,
+            kind_ == Kind::Custom ? &HostsStore::customEntriesReset
+                                  : &HostsStore::systemEntriesReset,
             this, &EntryListModel::reset);
     if (kind_ == Kind::System)
         return;
@@ -26,9 +28,8 @@ EntryListModel::EntryListModel(HostsStore* store, Kind kind, QObject* parent)
             std::rotate(first + to, first + from, first + from + 1);
         endMoveRows();
     });
-    connect(store_, &HostsStore::customEntryChanged, this, [this](int row) {
-        emit dataChanged(index(row), index(row));
-    });
+    connect(store_, &HostsStore::customEntryChanged, this,
+            [this](int row) { emit dataChanged(index(row), index(row)); });
     connect(store_, &HostsStore::customEntryInserted, this, [this](int row) {
         beginInsertRows({}, row, row);
         ids_.insert(ids_.begin() + row, store_->customOrder().idAt(row));
@@ -81,7 +82,9 @@ QVariant EntryListModel::data(const QModelIndex& index, int role) const {
     if (role == SystemRole)
         return entry->isSystem();
     const EntryRowText text = entryRowText(*entry);
-    auto str = [](const std::string& s) { return QString::fromStdString(s); };
+    auto str = [](const std::string& s) {
+        return QString::fromStdString(s);
+    };
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:

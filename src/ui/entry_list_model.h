@@ -1,11 +1,10 @@
 #pragma once
 
+#include "uuid.h"
+
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
-
 #include <vector>
-
-#include "uuid.h"
 
 class HostsStore;
 

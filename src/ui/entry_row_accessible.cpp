@@ -14,7 +14,8 @@ QAccessibleInterface* rowFactory(const QString&, QObject* object) {
 
 } // namespace
 
-EntryRowAccessible::EntryRowAccessible(EntryRowControl* control) : QAccessibleObject(control) {}
+EntryRowAccessible::EntryRowAccessible(EntryRowControl* control)
+    : QAccessibleObject(control) {}
 
 void EntryRowAccessible::installFactory() {
     static const bool installed = [] {
@@ -24,13 +25,16 @@ void EntryRowAccessible::installFactory() {
     (void)installed;
 }
 
-EntryRowControl* EntryRowAccessible::control() const { return static_cast<EntryRowControl*>(object()); }
+EntryRowControl* EntryRowAccessible::control() const {
+    return static_cast<EntryRowControl*>(object());
+}
 
 QAccessibleInterface* EntryRowAccessible::parent() const {
     for (QQuickItem* item = control()->parentItem(); item; item = item->parentItem())
         if (QAccessibleInterface* iface = QAccessible::queryAccessibleInterface(item))
             return iface;
-    return control()->window() ? QAccessible::queryAccessibleInterface(control()->window()) : nullptr;
+    return control()->window() ? QAccessible::queryAccessibleInterface(control()->window())
+                               : nullptr;
 }
 
 QAccessible::State EntryRowAccessible::state() const {
@@ -56,12 +60,16 @@ QString EntryRowAccessible::text(QAccessible::Text t) const {
 }
 
 QRect EntryRowAccessible::rect() const {
-    const QRectF scene = control()->mapRectToScene(QRectF(0, 0, control()->width(), control()->height()));
+    const QRectF scene =
+        control()->mapRectToScene(QRectF(0, 0, control()->width(), control()->height()));
     QWindow* w = control()->window();
-    return w ? QRect(w->mapToGlobal(scene.topLeft().toPoint()), scene.size().toSize()) : scene.toRect();
+    return w ? QRect(w->mapToGlobal(scene.topLeft().toPoint()), scene.size().toSize())
+             : scene.toRect();
 }
 
-QWindow* EntryRowAccessible::window() const { return control()->window(); }
+QWindow* EntryRowAccessible::window() const {
+    return control()->window();
+}
 
 void* EntryRowAccessible::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::ActionInterface)

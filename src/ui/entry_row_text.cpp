@@ -11,7 +11,8 @@ EntryRowText entryRowText(const HostEntry& entry) {
         if (index == 0) {
             text.title = name;
         } else {
-            text.badgeTooltip = text.badgeTooltip ? *text.badgeTooltip + "  " + std::string(name) : std::string(name);
+            text.badgeTooltip = text.badgeTooltip ? *text.badgeTooltip + "  " + std::string(name)
+                                                  : std::string(name);
         }
         text.accessibleLabel += std::string(name) + ", ";
         ++index;

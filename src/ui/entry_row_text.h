@@ -12,9 +12,9 @@ struct EntryRowText {
     std::optional<std::string> badge;        // "+N" when there are N more names
     std::optional<std::string> badgeTooltip; // those names, joined by two spaces
     std::string address;
-    std::string accessibleLabel;             // names, address, and for system rows ", system entry, locked"
-    std::string accessibleValue;             // "on" or "off"
-    std::string accessibleHint;              // empty for system rows
+    std::string accessibleLabel; // names, address, and for system rows ", system entry, locked"
+    std::string accessibleValue; // "on" or "off"
+    std::string accessibleHint;  // empty for system rows
 };
 
 EntryRowText entryRowText(const pinecove::HostEntry& entry);

@@ -22,11 +22,15 @@ std::optional<ParsedInput> parseTyped(const QString& typed) {
     return HostsParser::parseInput(trimWhitespace(text));
 }
 
-std::optional<Uuid> idFrom(const QString& text) { return Uuid::fromString(text.toStdString()); }
+std::optional<Uuid> idFrom(const QString& text) {
+    return Uuid::fromString(text.toStdString());
+}
 
 } // namespace
 
-void PanelStore::setStore(HostsStore* store) { theStore = store; }
+void PanelStore::setStore(HostsStore* store) {
+    theStore = store;
+}
 
 PanelStore* PanelStore::create(QQmlEngine* engine, QJSEngine*) {
     Q_ASSERT(theStore);
@@ -48,13 +52,22 @@ PanelStore::PanelStore(HostsStore* store, QObject* parent)
 
 QString PanelStore::subtitle() const {
     const int custom = store_->customOrder().size();
-    return QString::fromStdString(panelSubtitle(custom, custom == 0 ? 0 : store_->activeCustomCount()));
+    return QString::fromStdString(
+        panelSubtitle(custom, custom == 0 ? 0 : store_->activeCustomCount()));
 }
 
-bool PanelStore::isDirty() const { return store_->isDirty(); }
-bool PanelStore::isApplying() const { return store_->isApplying(); }
-QString PanelStore::lastError() const { return store_->lastErrorText(); }
-bool PanelStore::hasError() const { return store_->hasError(); }
+bool PanelStore::isDirty() const {
+    return store_->isDirty();
+}
+bool PanelStore::isApplying() const {
+    return store_->isApplying();
+}
+QString PanelStore::lastError() const {
+    return store_->lastErrorText();
+}
+bool PanelStore::hasError() const {
+    return store_->hasError();
+}
 
 QVariantMap PanelStore::preview(const QString& typed) const {
     const auto parsed = parseTyped(typed);
@@ -63,7 +76,8 @@ QVariantMap PanelStore::preview(const QString& typed) const {
     QStringList hosts;
     for (const std::string& host : parsed->hosts)
         hosts << QString::fromStdString(host);
-    return {{QStringLiteral("ip"), QString::fromStdString(parsed->ip)}, {QStringLiteral("hosts"), hosts}};
+    return {{QStringLiteral("ip"), QString::fromStdString(parsed->ip)},
+            {QStringLiteral("hosts"), hosts}};
 }
 
 bool PanelStore::add(const QString& typed) {
@@ -81,15 +95,21 @@ void PanelStore::remove(const QString& id) {
         store_->remove(*uuid);
 }
 
-void PanelStore::apply() { store_->apply(); }
-void PanelStore::load() { store_->load(); }
+void PanelStore::apply() {
+    store_->apply();
+}
+void PanelStore::load() {
+    store_->load();
+}
 
 void PanelStore::reloadIfClean() {
     if (!store_->isDirty())
         store_->load();
 }
 
-void PanelStore::openHostsInEditor() { DesktopActions::openInTextEditor(QStringLiteral("/etc/hosts")); }
+void PanelStore::openHostsInEditor() {
+    DesktopActions::openInTextEditor(QStringLiteral("/etc/hosts"));
+}
 
 void PanelStore::revealBackups() {
     const QString folder = Backups::defaultFolder();
@@ -99,4 +119,6 @@ void PanelStore::revealBackups() {
     DesktopActions::revealFolder(folder);
 }
 
-void PanelStore::quit() { QCoreApplication::quit(); }
+void PanelStore::quit() {
+    QCoreApplication::quit();
+}

@@ -4,9 +4,11 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-SymbolImageProvider::SymbolImageProvider() : QQuickImageProvider(QQuickImageProvider::Image) {}
+SymbolImageProvider::SymbolImageProvider()
+    : QQuickImageProvider(QQuickImageProvider::Image) {}
 
-QImage SymbolImageProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {
+QImage SymbolImageProvider::requestImage(const QString& id, QSize* size,
+                                         const QSize& requestedSize) {
     const qsizetype slash = id.lastIndexOf(QLatin1Char('/'));
     const QString name = id.left(slash);
     const QColor color(id.mid(slash + 1));

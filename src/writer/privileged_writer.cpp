@@ -7,7 +7,9 @@ namespace PrivilegedWriter {
 namespace {
 
 struct OutcomeToFailure {
-    std::optional<WriteFailure> operator()(const ScriptRunner::Succeeded&) const { return std::nullopt; }
+    std::optional<WriteFailure> operator()(const ScriptRunner::Succeeded&) const {
+        return std::nullopt;
+    }
     std::optional<WriteFailure> operator()(const ScriptRunner::Failed& f) const {
         return WriteFailure{f.message, true};
     }

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QStringDecoder>
-
 #include <unistd.h>
 
 ProcessScriptRunner::ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
@@ -22,13 +21,15 @@ std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError)
     const QString decoded = utf8.decode(standardError);
     // Text that is not UTF-8 says nothing the user could read.
     const QString message = utf8.hasError() ? QString() : decoded.trimmed();
-    return message.isEmpty() ? std::string(PrivilegedWriter::fallbackMessage) : message.toStdString();
+    return message.isEmpty() ? std::string(PrivilegedWriter::fallbackMessage)
+                             : message.toStdString();
 }
 
 std::string ProcessScriptRunner::dismissedMessage() {
     // The same cancel marker that a dismissed macOS dialog carries, so that the apply flow
     // treats both alike.
-    return "The administrator prompt was dismissed. (" + std::string(PrivilegedWriter::cancelMarker) + ")";
+    return "The administrator prompt was dismissed. (" +
+           std::string(PrivilegedWriter::cancelMarker) + ")";
 }
 
 void ProcessScriptRunner::run(const std::string& script, std::function<void(Outcome)> done) {
@@ -54,21 +55,22 @@ void ProcessScriptRunner::run(const std::string& script, std::function<void(Outc
     };
     auto shared = std::make_shared<decltype(finish)>(std::move(finish));
 
-    QObject::connect(process, &QProcess::errorOccurred, process, [process, shared](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            (*shared)(NotStarted{process->errorString().toStdString()});
-    });
-    QObject::connect(process, &QProcess::finished, process,
-                     [process, shared, dismissed = dismissedStatus_](int exitCode,
-                                                                     QProcess::ExitStatus status) {
-                         const bool normal = status == QProcess::NormalExit;
-                         if (normal && exitCode == 0)
-                             (*shared)(Succeeded{});
-                         else if (normal && dismissed && exitCode == *dismissed)
-                             (*shared)(Failed{dismissedMessage()});
-                         else
-                             (*shared)(Failed{failureMessage(process->readAllStandardError())});
+    QObject::connect(process, &QProcess::errorOccurred, process,
+                     [process, shared](QProcess::ProcessError error) {
+                         if (error == QProcess::FailedToStart)
+                             (*shared)(NotStarted{process->errorString().toStdString()});
                      });
+    QObject::connect(
+        process, &QProcess::finished, process,
+        [process, shared, dismissed = dismissedStatus_](int exitCode, QProcess::ExitStatus status) {
+            const bool normal = status == QProcess::NormalExit;
+            if (normal && exitCode == 0)
+                (*shared)(Succeeded{});
+            else if (normal && dismissed && exitCode == *dismissed)
+                (*shared)(Failed{dismissedMessage()});
+            else
+                (*shared)(Failed{failureMessage(process->readAllStandardError())});
+        });
     process->start();
     if (delivery_ == Delivery::StandardInput && process->state() != QProcess::NotRunning) {
         process->write(payload.data(), static_cast<qint64>(payload.size()));

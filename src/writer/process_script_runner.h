@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 
 // Runs a program as a child process and reads its outcome the way the administrator runners

@@ -35,7 +35,9 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
 
 } // namespace
 
-bool isTooLarge(std::string_view text) { return text.size() > maxTextBytes; }
+bool isTooLarge(std::string_view text) {
+    return text.size() > maxTextBytes;
+}
 
 std::string newDelimiter() {
     std::string hex = pinecove::Uuid::random().toString();

@@ -2,10 +2,9 @@
 #include "model_invariants.h"
 #include "utf8.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 
 using namespace pinecove;

@@ -1,7 +1,6 @@
 #include "entry_table.h"
 
 #include <gtest/gtest.h>
-
 #include <random>
 #include <unordered_map>
 
@@ -58,7 +57,8 @@ TEST(EntryTableTest, BulkBuiltTableFindsEveryEntry) {
     ASSERT_EQ(table.size(), copy.size());
     for (std::size_t i = 0; i < copy.size(); ++i) {
         EXPECT_EQ(*table.find(copy[i].id()), copy[i]);
-        EXPECT_EQ(table.find(copy[i].id(), static_cast<std::uint32_t>(i)), table.find(copy[i].id()));
+        EXPECT_EQ(table.find(copy[i].id(), static_cast<std::uint32_t>(i)),
+                  table.find(copy[i].id()));
     }
 }
 

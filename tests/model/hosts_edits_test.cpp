@@ -47,7 +47,8 @@ INSTANTIATE_TEST_SUITE_P(
         AddCase{"PartlyTaken", "127.0.0.1", {"a.test", "b.test"}, "127.0.0.1\ta.test"},
         AddCase{"SameNameTwice", "127.0.0.1", {"n.test", "n.test"}, "127.0.0.1\tn.test n.test"},
         AddCase{"CaseKept", "10.0.0.9", {"Mixed.Test"}, "10.0.0.9\tMixed.Test"},
-        AddCase{"ExistingAddressMakesNewLine", "10.0.0.1", {"second.test"}, "10.0.0.1\tsecond.test"}),
+        AddCase{
+            "ExistingAddressMakesNewLine", "10.0.0.1", {"second.test"}, "10.0.0.1\tsecond.test"}),
     [](const auto& info) { return info.param.name; });
 
 TEST(HostsEditsTest, LaterAddsFollowWithoutBlankLines) {
@@ -58,7 +59,8 @@ TEST(HostsEditsTest, LaterAddsFollowWithoutBlankLines) {
     // After applying and reading back, the next add again gets one blank line.
     HostsDocument reloaded = parseHostsText(serialized(document));
     addEntry(reloaded, "127.0.0.1", {"c.test"});
-    EXPECT_EQ(serialized(reloaded), "# top\n\n127.0.0.1\ta.test\n127.0.0.1\tb.test\n\n127.0.0.1\tc.test\n");
+    EXPECT_EQ(serialized(reloaded),
+              "# top\n\n127.0.0.1\ta.test\n127.0.0.1\tb.test\n\n127.0.0.1\tc.test\n");
 }
 
 TEST(HostsEditsTest, AddThenDeleteRestoresTheText) {
@@ -100,7 +102,8 @@ TEST(HostsEditsTest, DeleteRemovesTheWholeLineAndItsId) {
     const Uuid withComment = document.order[3];
     EXPECT_TRUE(deleteEntry(document, withComment));
     EXPECT_FALSE(deleteEntry(document, withComment));
-    EXPECT_EQ(serialized(document), "127.0.0.1 localhost\n10.0.0.1 MyApp.test\n#10.0.0.2 off.test\n");
+    EXPECT_EQ(serialized(document),
+              "127.0.0.1 localhost\n10.0.0.1 MyApp.test\n#10.0.0.2 off.test\n");
     EXPECT_EQ(std::count(document.order.begin(), document.order.end(), withComment), 0);
 }
 

@@ -58,18 +58,14 @@ INSTANTIATE_TEST_SUITE_P(
         EntryCase{"127.0.0.1 a.test" + nbsp + "b.test", std::nullopt},
         EntryCase{"127.0.0.1 " + name253, entry("127.0.0.1", {name253})},
         EntryCase{"127.0.0.1 " + name253 + "x", std::nullopt},
-        EntryCase{"## Host Database", std::nullopt},
-        EntryCase{"# #127.0.0.1 a.test", std::nullopt},
-        EntryCase{"# This is a comment", std::nullopt},
-        EntryCase{"#", std::nullopt},
-        EntryCase{"# ", std::nullopt},
-        EntryCase{"127.0.0.1", std::nullopt},
+        EntryCase{"## Host Database", std::nullopt}, EntryCase{"# #127.0.0.1 a.test", std::nullopt},
+        EntryCase{"# This is a comment", std::nullopt}, EntryCase{"#", std::nullopt},
+        EntryCase{"# ", std::nullopt}, EntryCase{"127.0.0.1", std::nullopt},
         EntryCase{"127.0.0.1 # only a comment", std::nullopt},
         EntryCase{"999.1.1.1 myapp.test", std::nullopt},
         EntryCase{"127.0.0.1 -myapp.test", std::nullopt},
         EntryCase{"127.0.0.1 .myapp.test", std::nullopt},
-        EntryCase{"127.0.0.1 caf\u00e9.test", std::nullopt},
-        EntryCase{"", std::nullopt},
+        EntryCase{"127.0.0.1 caf\u00e9.test", std::nullopt}, EntryCase{"", std::nullopt},
         EntryCase{"   ", std::nullopt}));
 
 struct ValidityCase {
@@ -94,8 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
                       ValidityCase{"256.0.0.1", false}, ValidityCase{"01.2.3.4", false},
                       ValidityCase{"1.2.3", false}, ValidityCase{"1.2.3.4.5", false},
                       ValidityCase{":::1", false}, ValidityCase{"1::2::3", false},
-                      ValidityCase{"%", false}, ValidityCase{"%%", false},
-                      ValidityCase{"", false}, ValidityCase{"localhost", false},
+                      ValidityCase{"%", false}, ValidityCase{"%%", false}, ValidityCase{"", false},
+                      ValidityCase{"localhost", false},
                       ValidityCase{std::string("127.0.0.1\0x", 11), false},
                       ValidityCase{std::string(100, '1'), false}));
 
@@ -133,7 +129,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         InputCase{"myapp.test", ParsedInput{"127.0.0.1", {"myapp.test"}}},
         InputCase{"10.0.0.5 myapp.test", ParsedInput{"10.0.0.5", {"myapp.test"}}},
-        InputCase{"myapp.test api.myapp.test", ParsedInput{"127.0.0.1", {"myapp.test", "api.myapp.test"}}},
+        InputCase{"myapp.test api.myapp.test",
+                  ParsedInput{"127.0.0.1", {"myapp.test", "api.myapp.test"}}},
         InputCase{"::1 myapp.test", ParsedInput{"::1", {"myapp.test"}}},
         InputCase{"  \tMyApp.test\t  ", ParsedInput{"127.0.0.1", {"MyApp.test"}}},
         InputCase{"a.test a.test", ParsedInput{"127.0.0.1", {"a.test", "a.test"}}},

@@ -34,7 +34,8 @@ INSTANTIATE_TEST_SUITE_P(
         ToggledLineCase{" # 10.0.0.5\tapi.test # staging", true, "10.0.0.5\tapi.test # staging"},
         ToggledLineCase{"#10.0.0.5 api.test", false, "#10.0.0.5 api.test"},
         ToggledLineCase{"#\u00A010.0.0.5 a.test\u2009", true, "10.0.0.5 a.test"},
-        ToggledLineCase{"  127.0.0.1   spaced.test   # keep  ", false, "  127.0.0.1   spaced.test   # keep  "},
+        ToggledLineCase{"  127.0.0.1   spaced.test   # keep  ", false,
+                        "  127.0.0.1   spaced.test   # keep  "},
         ToggledLineCase{"127.0.0.1 a.test # dev\r", true, "# 127.0.0.1 a.test # dev\r"}));
 
 struct AddedLineCase {
@@ -54,10 +55,15 @@ TEST_P(LineTextFromFieldsTest, UsesATabAndSingleSpaces) {
 
 INSTANTIATE_TEST_SUITE_P(
     Added, LineTextFromFieldsTest,
-    ::testing::Values(
-        AddedLineCase{"127.0.0.1", {"myapp.test", "api.myapp.test"}, true, "127.0.0.1\tmyapp.test api.myapp.test"},
-        AddedLineCase{"127.0.0.1", {"myapp.test", "api.myapp.test"}, false, "# 127.0.0.1\tmyapp.test api.myapp.test"},
-        AddedLineCase{"fe80::1%en0", {"z.test"}, true, "fe80::1%en0\tz.test"}));
+    ::testing::Values(AddedLineCase{"127.0.0.1",
+                                    {"myapp.test", "api.myapp.test"},
+                                    true,
+                                    "127.0.0.1\tmyapp.test api.myapp.test"},
+                      AddedLineCase{"127.0.0.1",
+                                    {"myapp.test", "api.myapp.test"},
+                                    false,
+                                    "# 127.0.0.1\tmyapp.test api.myapp.test"},
+                      AddedLineCase{"fe80::1%en0", {"z.test"}, true, "fe80::1%en0\tz.test"}));
 
 struct SerializedCase {
     std::string name;
@@ -73,9 +79,11 @@ TEST_P(SerializedEndTest, EndsInExactlyOneLineFeed) {
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, SerializedEndTest,
-    ::testing::Values(SerializedCase{"Empty", "", "\n"}, SerializedCase{"OnlyLineFeeds", "\n\n\n", "\n"},
+    ::testing::Values(SerializedCase{"Empty", "", "\n"},
+                      SerializedCase{"OnlyLineFeeds", "\n\n\n", "\n"},
                       SerializedCase{"OneLineFeed", "a\n", "a\n"},
-                      SerializedCase{"NoFinalLineFeed", "a\n127.0.0.1 x.test", "a\n127.0.0.1 x.test\n"},
+                      SerializedCase{"NoFinalLineFeed", "a\n127.0.0.1 x.test",
+                                     "a\n127.0.0.1 x.test\n"},
                       SerializedCase{"TrailingBlankLines", "a\n\n\n\n", "a\n"},
                       SerializedCase{"BlankLinesInside", "\n\na\n\n\nb\n", "\n\na\n\n\nb\n"},
                       SerializedCase{"CarriageReturnKept", "a\r\nb\r", "a\r\nb\r\n"},

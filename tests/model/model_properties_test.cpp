@@ -1,7 +1,6 @@
 #include "model_invariants.h"
 
 #include <gtest/gtest.h>
-
 #include <random>
 
 using namespace pinecove::test;
@@ -11,10 +10,38 @@ namespace {
 // Pieces that hosts files contain and that parsers get wrong: markers, separators, Unicode
 // spaces, carriage returns, zone ids, prose that looks like a mapping, bad names.
 const std::vector<std::string> fragments = {
-    "127.0.0.1", "0.0.0.0", "::1", "fe80::1%lo0", "10.0.0.5", "999.1.1.1", "localhost",
-    "broadcasthost", "LocalHost", "myapp.test", "api.myapp.test", "my_app", "-bad", ".bad",
-    "bad!name", "is", "the", "router", "#", "##", "# ", " ", "  ", "\t", "\u00A0", "\u3000",
-    "\u2003", "\r", "caf\u00e9", "%", "# note", "#x",
+    "127.0.0.1",
+    "0.0.0.0",
+    "::1",
+    "fe80::1%lo0",
+    "10.0.0.5",
+    "999.1.1.1",
+    "localhost",
+    "broadcasthost",
+    "LocalHost",
+    "myapp.test",
+    "api.myapp.test",
+    "my_app",
+    "-bad",
+    ".bad",
+    "bad!name",
+    "is",
+    "the",
+    "router",
+    "#",
+    "##",
+    "# ",
+    " ",
+    "  ",
+    "\t",
+    "\u00A0",
+    "\u3000",
+    "\u2003",
+    "\r",
+    "caf\u00e9",
+    "%",
+    "# note",
+    "#x",
 };
 
 std::string randomText(std::mt19937& random) {

@@ -3,7 +3,6 @@
 #include "whitespace.h"
 
 #include <gtest/gtest.h>
-
 #include <set>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,11 +13,11 @@ namespace {
 
 // Every Unicode space separator, and the tab.
 const std::vector<std::string> whitespace = {
-    "\t", " ", "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005",
-    "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
+    "\t",     " ",      "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004",
+    "\u2005", "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
 // Look-alikes that are not white space here.
-const std::vector<std::string> notWhitespace = {"\n", "\r", "\v", "\f", "\u200B", "\u2028",
-                                                "\u00AD", "\uFEFF", "\u180E", "\u3001"};
+const std::vector<std::string> notWhitespace = {"\n",     "\r",     "\v",     "\f",     "\u200B",
+                                                "\u2028", "\u00AD", "\uFEFF", "\u180E", "\u3001"};
 
 TEST(WhitespaceTest, TrimsTabAndEverySpaceSeparatorAtBothEnds) {
     for (const std::string& ws : whitespace)
@@ -50,7 +49,8 @@ TEST_P(Utf8Test, AcceptsOnlyWellFormedText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Bytes, Utf8Test,
-    ::testing::Values(Utf8Case{"", true}, Utf8Case{"plain ascii text, long enough for chunks", true},
+    ::testing::Values(Utf8Case{"", true},
+                      Utf8Case{"plain ascii text, long enough for chunks", true},
                       Utf8Case{"caf\xC3\xA9", true}, Utf8Case{"\xE2\x82\xAC", true},
                       Utf8Case{"\xF0\x9F\x8C\xB2 pine", true}, Utf8Case{"\xF4\x8F\xBF\xBF", true},
                       Utf8Case{"\xEF\xBB\xBF# with BOM", true},

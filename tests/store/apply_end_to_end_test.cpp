@@ -12,12 +12,10 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <iostream>
 #include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace pinecove;
 
@@ -30,7 +28,8 @@ const std::string original = "##\n# Host Database\n##\n127.0.0.1\tlocalhost\n"
 
 std::string readFile(const QString& path) {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string("<unreadable>");
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString()
+                                          : std::string("<unreadable>");
 }
 
 void writeFile(const QString& path, const std::string& bytes) {
@@ -59,7 +58,9 @@ int runInsideNamespace(const QString& backups) {
     writeFile(hosts, original);
 
     HostsStore::Environment environment; // the real hosts path and the real runner
-    environment.backupsFolder = [backups] { return backups; };
+    environment.backupsFolder = [backups] {
+        return backups;
+    };
     // Several applies follow within a second here; a backup name is per second.
     // Each store copies the environment, so the clock's time is shared.
     environment.clock = [tick = std::make_shared<QDateTime>(QDateTime::currentDateTime())] {
@@ -73,15 +74,18 @@ int runInsideNamespace(const QString& backups) {
     check(applyAndWait(store), "the apply finishes");
 
     check(store.lastErrorText().isEmpty(), "no error, got: " + store.lastErrorText().toStdString());
-    check(readFile(hosts) == expected, "/etc/hosts holds the edited text, got:\n" + readFile(hosts));
+    check(readFile(hosts) == expected,
+          "/etc/hosts holds the edited text, got:\n" + readFile(hosts));
     check(expected.ends_with("\n127.0.0.1\tmyapp.test\n"), "the new line ends the file");
     struct stat info {};
     check(::stat("/etc/hosts", &info) == 0 && (info.st_mode & 07777) == 0644, "mode 644");
     check(info.st_uid == 0 && info.st_gid == 0, "owned by root:root");
     const QStringList backupNames = QDir(backups).entryList(QDir::Files);
-    check(backupNames.size() == 1 && backupNames.front().startsWith(QStringLiteral("hosts_")), "one backup");
+    check(backupNames.size() == 1 && backupNames.front().startsWith(QStringLiteral("hosts_")),
+          "one backup");
     if (!backupNames.isEmpty())
-        check(readFile(backups + QLatin1Char('/') + backupNames.front()) == original, "the backup holds the old bytes");
+        check(readFile(backups + QLatin1Char('/') + backupNames.front()) == original,
+              "the backup holds the old bytes");
     check(QDir(QStringLiteral("/etc")).entryList({QStringLiteral("hosts.pinecove.*")}).isEmpty(),
           "no temporary file left in /etc");
     check(!store.isDirty() && !store.isApplying(), "the store is clean again");
@@ -111,7 +115,8 @@ int runInsideNamespace(const QString& backups) {
     const QString largeError = applyBlockList(PINECOVE_HOSTS_200000).second;
     check(largeError == QStringLiteral("The hosts file is unexpectedly large. Refusing to write."),
           "a 200,000-mapping file is refused, got: " + largeError.toStdString());
-    check(readFile(hosts) == readFile(QStringLiteral(PINECOVE_HOSTS_200000)), "the refused file stays as it was");
+    check(readFile(hosts) == readFile(QStringLiteral(PINECOVE_HOSTS_200000)),
+          "the refused file stays as it was");
     return failures;
 }
 
@@ -126,18 +131,22 @@ private slots:
         QVERIFY(etc.isValid() && backups.isValid());
         // What the script's tools need of /etc: chown resolves root through these.
         for (const char* name : {"passwd", "group", "nsswitch.conf"})
-            QFile::copy(QStringLiteral("/etc/") + QLatin1String(name), etc.filePath(QLatin1String(name)));
+            QFile::copy(QStringLiteral("/etc/") + QLatin1String(name),
+                        etc.filePath(QLatin1String(name)));
         QProcess inside;
         inside.setProcessChannelMode(QProcess::MergedChannels);
-        inside.start(QStringLiteral("unshare"),
-                     {QStringLiteral("--mount"), QStringLiteral("--propagation"), QStringLiteral("private"),
-                      QStringLiteral("--"), QStringLiteral("/bin/sh"), QStringLiteral("-c"),
-                      QStringLiteral("mount --bind \"$1\" /etc && exec \"$2\" --inside-namespace \"$3\""),
-                      QStringLiteral("sh"), etc.path(), QCoreApplication::applicationFilePath(), backups.path()});
+        inside.start(
+            QStringLiteral("unshare"),
+            {QStringLiteral("--mount"), QStringLiteral("--propagation"), QStringLiteral("private"),
+             QStringLiteral("--"), QStringLiteral("/bin/sh"), QStringLiteral("-c"),
+             QStringLiteral("mount --bind \"$1\" /etc && exec \"$2\" --inside-namespace \"$3\""),
+             QStringLiteral("sh"), etc.path(), QCoreApplication::applicationFilePath(),
+             backups.path()});
         QVERIFY(inside.waitForFinished(60000));
         const QByteArray output = inside.readAll();
         QVERIFY2(inside.exitCode() == 0, output.constData());
-        QVERIFY(readFile(QStringLiteral("/etc/hosts")) != original); // the machine's file was not touched
+        QVERIFY(readFile(QStringLiteral("/etc/hosts")) !=
+                original); // the machine's file was not touched
     }
 };
 
@@ -146,9 +155,11 @@ std::optional<std::string> unavailableBecause() {
     if (::geteuid() != 0)
         return "the end-to-end apply needs root (run the suite as root to include it)";
     QProcess probe;
-    probe.start(QStringLiteral("unshare"), {QStringLiteral("--mount"), QStringLiteral("--propagation"),
-                                            QStringLiteral("private"), QStringLiteral("true")});
-    if (!probe.waitForFinished(10000) || probe.exitStatus() != QProcess::NormalExit || probe.exitCode() != 0)
+    probe.start(QStringLiteral("unshare"),
+                {QStringLiteral("--mount"), QStringLiteral("--propagation"),
+                 QStringLiteral("private"), QStringLiteral("true")});
+    if (!probe.waitForFinished(10000) || probe.exitStatus() != QProcess::NormalExit ||
+        probe.exitCode() != 0)
         return "private mount namespaces are unavailable here, so the end-to-end apply cannot run "
                "without touching the real /etc/hosts";
     return std::nullopt;

@@ -54,7 +54,8 @@ private slots:
     void firstUseCreatesTheFoldersAndCopiesTheBytes() {
         const QString folder = dir_.filePath(QStringLiteral("first/Pinecove/Backups"));
         QCOMPARE(Backups::backUp(source_, folder, when), std::nullopt);
-        QCOMPARE(readFile(folder + QStringLiteral("/hosts_2026-11-16_21.35.07")), readFile(source_));
+        QCOMPARE(readFile(folder + QStringLiteral("/hosts_2026-11-16_21.35.07")),
+                 readFile(source_));
     }
 
     void aSecondBackupInTheSameSecondFailsAndKeepsTheFirst() {
@@ -67,7 +68,8 @@ private slots:
     }
 
     void aMissingSourceOrFolderIsAnError() {
-        QVERIFY(Backups::backUp(dir_.filePath(QStringLiteral("nope")), dir_.filePath(QStringLiteral("b1")), when));
+        QVERIFY(Backups::backUp(dir_.filePath(QStringLiteral("nope")),
+                                dir_.filePath(QStringLiteral("b1")), when));
         writeFile(dir_.filePath(QStringLiteral("a-file")), "x");
         QVERIFY(Backups::backUp(source_, dir_.filePath(QStringLiteral("a-file/Backups")), when));
         QVERIFY(Backups::backUp(source_, QString(), when));

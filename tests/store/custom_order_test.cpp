@@ -4,7 +4,6 @@
 #include <QCollator>
 #include <QStandardPaths>
 #include <QTest>
-
 #include <algorithm>
 #include <random>
 
@@ -21,7 +20,8 @@ std::vector<Uuid> referenceOrder(const HostsDocument& document, const QCollator&
         if (const HostEntry* entry = document.entries.find(id); entry && !entry->isSystem())
             custom.push_back(entry);
     auto firstName = [](const HostEntry* e) {
-        return e->hostnames().empty() ? QString() : QString::fromStdString(std::string(e->hostnames().front()));
+        return e->hostnames().empty() ? QString()
+                                      : QString::fromStdString(std::string(e->hostnames().front()));
     };
     std::stable_sort(custom.begin(), custom.end(), [&](const HostEntry* a, const HostEntry* b) {
         if (a->isEnabled() != b->isEnabled())
@@ -46,15 +46,16 @@ std::vector<Uuid> idsOf(const CustomOrder& order) {
 
 std::string randomName(std::mt19937& random) {
     // Few distinct names, so that ties on name and address are common.
-    static const std::vector<std::string> names = {"alpha.test", "Alpha.test", "beta.test", "b-eta.test",
-                                                   "b_eta.test", "b.eta.test", "ch.test", "h.test",
-                                                   "aa.test", "z9.test", "9z.test", "_x", "x"};
+    static const std::vector<std::string> names = {
+        "alpha.test", "Alpha.test", "beta.test", "b-eta.test", "b_eta.test",
+        "b.eta.test", "ch.test",    "h.test",    "aa.test",    "z9.test",
+        "9z.test",    "_x",         "x"};
     return names[random() % names.size()];
 }
 
 std::string randomAddress(std::mt19937& random) {
-    static const std::vector<std::string> addresses = {"127.0.0.1", "10.0.0.5", "192.168.0.10",
-                                                       "192.168.0.9", "::1", "fe80::1%lo0"};
+    static const std::vector<std::string> addresses = {"127.0.0.1",   "10.0.0.5", "192.168.0.10",
+                                                       "192.168.0.9", "::1",      "fe80::1%lo0"};
     return addresses[random() % addresses.size()];
 }
 
@@ -86,7 +87,8 @@ private slots:
         };
         for (int i = 0; i < 5000; ++i) {
             const std::string a = name(), b = name();
-            const int expected = collator.compare(QString::fromStdString(a), QString::fromStdString(b));
+            const int expected =
+                collator.compare(QString::fromStdString(a), QString::fromStdString(b));
             QCOMPARE(collation.compare(a, b), (expected > 0) - (expected < 0));
         }
     }
@@ -96,7 +98,8 @@ private slots:
         std::mt19937 random(11);
         std::string text = "127.0.0.1 localhost\n";
         for (int i = 0; i < 60; ++i)
-            text += (random() % 3 == 0 ? "#" : "") + randomAddress(random) + " " + randomName(random) + "\n";
+            text += (random() % 3 == 0 ? "#" : "") + randomAddress(random) + " " +
+                    randomName(random) + "\n";
         HostsDocument document = parseHostsText(text);
 
         const HostnameCollation collation;
@@ -128,15 +131,18 @@ private slots:
     }
 
     void reportsWhereTheEntryMoved() {
-        HostsDocument document = parseHostsText("10.0.0.1 a.test\n10.0.0.1 b.test\n10.0.0.1 c.test\n");
+        HostsDocument document =
+            parseHostsText("10.0.0.1 a.test\n10.0.0.1 b.test\n10.0.0.1 c.test\n");
         const HostnameCollation collation;
         CustomOrder order(collation);
         order.rebuild(document);
         const Uuid a = document.order[0];
         toggleEntry(document, a);
-        QCOMPARE(order.toggled(*document.entries.find(a)), (std::optional<std::pair<int, int>>{{0, 2}}));
+        QCOMPARE(order.toggled(*document.entries.find(a)),
+                 (std::optional<std::pair<int, int>>{{0, 2}}));
         toggleEntry(document, a);
-        QCOMPARE(order.toggled(*document.entries.find(a)), (std::optional<std::pair<int, int>>{{2, 0}}));
+        QCOMPARE(order.toggled(*document.entries.find(a)),
+                 (std::optional<std::pair<int, int>>{{2, 0}}));
         QCOMPARE(order.removed(document.order[1]), std::optional<int>(1));
         QCOMPARE(order.removed(document.order[1]), std::nullopt);
     }

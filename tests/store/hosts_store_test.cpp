@@ -55,13 +55,19 @@ class HostsStoreTest : public QObject {
         writeFile(hostsPath_, text);
         HostsStore::Environment environment;
         environment.hostsPath = hostsPath_;
-        environment.backupsFolder = [this] { return backupsFolder_; };
-        environment.clock = [this] { return now_; };
+        environment.backupsFolder = [this] {
+            return backupsFolder_;
+        };
+        environment.clock = [this] {
+            return now_;
+        };
         environment.runner = runner_;
         return std::make_unique<HostsStore>(environment);
     }
 
-    int backupCount() const { return static_cast<int>(QDir(backupsFolder_).entryList(QDir::Files).size()); }
+    int backupCount() const {
+        return static_cast<int>(QDir(backupsFolder_).entryList(QDir::Files).size());
+    }
 
     // Makes the store dirty with one toggle of its first custom entry.
     static void edit(HostsStore& store) { store.toggle(store.customOrder().idAt(0)); }
@@ -93,8 +99,10 @@ private slots:
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QByteArray>("baseline");
         QTest::addColumn<int>("lines");
-        QTest::newRow("one final line feed") << QByteArray("a\n127.0.0.1 x.test\n") << QByteArray("a\n127.0.0.1 x.test\n") << 3;
-        QTest::newRow("no final line feed") << QByteArray("a\n127.0.0.1 x.test") << QByteArray("a\n127.0.0.1 x.test\n") << 2;
+        QTest::newRow("one final line feed")
+            << QByteArray("a\n127.0.0.1 x.test\n") << QByteArray("a\n127.0.0.1 x.test\n") << 3;
+        QTest::newRow("no final line feed")
+            << QByteArray("a\n127.0.0.1 x.test") << QByteArray("a\n127.0.0.1 x.test\n") << 2;
         QTest::newRow("trailing blank lines") << QByteArray("a\n\n\n") << QByteArray("a\n") << 4;
         QTest::newRow("empty") << QByteArray("") << QByteArray("\n") << 1;
     }
@@ -154,7 +162,8 @@ private slots:
 
     void listsSystemEntriesApartAndSortsCustomOnes() {
         const auto store = makeStore(sample);
-        QCOMPARE(firstNames(store->systemEntries()), std::vector<std::string>{"localhost@127.0.0.1"});
+        QCOMPARE(firstNames(store->systemEntries()),
+                 std::vector<std::string>{"localhost@127.0.0.1"});
         // Enabled first; then by name ignoring case; then by address; ties keep file order.
         QCOMPARE(firstNames(store->customEntries()),
                  (std::vector<std::string>{"alpha.test@10.0.0.3", "Alpha.test@10.0.0.3",
@@ -271,11 +280,15 @@ private slots:
         QTest::addColumn<int>("kind"); // 0 failed, 1 not started
         QTest::addColumn<QString>("runnerMessage");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("dismissed dialog") << 0 << "execution error: User canceled. (-128)" << QString();
+        QTest::newRow("dismissed dialog")
+            << 0 << "execution error: User canceled. (-128)" << QString();
         QTest::newRow("-128 anywhere is a cancel") << 0 << "oddly -1289 here" << QString();
-        QTest::newRow("authentication failure") << 0 << "Not authorized" << "Not authorized";
-        QTest::newRow("runner cannot start") << 1 << "No such file or directory" << "No such file or directory";
-        QTest::newRow("not-started text with -128 still shows") << 1 << "launch -128" << "launch -128";
+        QTest::newRow("authentication failure") << 0 << "Not authorized"
+                                                << "Not authorized";
+        QTest::newRow("runner cannot start") << 1 << "No such file or directory"
+                                             << "No such file or directory";
+        QTest::newRow("not-started text with -128 still shows") << 1 << "launch -128"
+                                                                << "launch -128";
     }
 
     void applyReportsEachWriteOutcome() {
@@ -315,7 +328,8 @@ private slots:
         const auto store = makeStore(big);
         edit(*store);
         applyToEnd(*store);
-        QCOMPARE(store->lastErrorText(), QStringLiteral("The hosts file is unexpectedly large. Refusing to write."));
+        QCOMPARE(store->lastErrorText(),
+                 QStringLiteral("The hosts file is unexpectedly large. Refusing to write."));
         QVERIFY(runner_->scripts.empty());
         QCOMPARE(backupCount(), 1);
     }

@@ -3,7 +3,6 @@
 #include "script_runner.h"
 
 #include <QString>
-
 #include <string>
 #include <vector>
 
@@ -11,7 +10,8 @@
 // to `hostsPath`, as the real script writes /etc/hosts; otherwise it reports `outcome`.
 class FakeScriptRunner : public ScriptRunner {
 public:
-    explicit FakeScriptRunner(QString hostsPath) : hostsPath_(std::move(hostsPath)) {}
+    explicit FakeScriptRunner(QString hostsPath)
+        : hostsPath_(std::move(hostsPath)) {}
 
     void run(const std::string& script, std::function<void(Outcome)> done) override;
     // With `hold` set, runs wait for release().

@@ -1,8 +1,8 @@
 #include "run_process.h"
 
 #include <array>
-#include <csignal>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/wait.h>

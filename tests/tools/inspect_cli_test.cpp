@@ -1,17 +1,16 @@
 #include "run_process.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 
 using pinecove::test::runProcess;
 
 namespace {
 
 pinecove::test::ProcessResult inspect(const std::vector<std::string>& arguments,
-                                         const std::string& input = {}) {
+                                      const std::string& input = {}) {
     return runProcess(PINECOVE_INSPECT, arguments, input);
 }
 
@@ -23,14 +22,15 @@ TEST(InspectCliTest, PrintsLinesEntriesAndTheSerializedText) {
                              "\u00A0tab\there\r";
     const auto result = inspect({"-"}, text);
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.out,
-              R"({"lines":[{"raw":"## head"},)"
-              R"({"entry":{"ip":"127.0.0.1","hostnames":["localhost"],"comment":null,"enabled":true}},)"
-              R"({"entry":{"ip":"10.0.0.5","hostnames":["api.test"],"comment":"say \"hi\"\\","enabled":false}},)"
-              R"({"entry":{"ip":"127.0.0.1","hostnames":["a.test","b.test"],"comment":"","enabled":true}},)"
-              "{\"raw\":\"\u00A0tab\\there\\r\"}],"
-              R"("serialized":"## head\n127.0.0.1\tlocalhost\n  # 10.0.0.5 api.test # say \"hi\"\\\n)"
-              "127.0.0.1 a.test b.test#\\n\u00A0tab\\there\\r\\n\"}\n");
+    EXPECT_EQ(
+        result.out,
+        R"({"lines":[{"raw":"## head"},)"
+        R"({"entry":{"ip":"127.0.0.1","hostnames":["localhost"],"comment":null,"enabled":true}},)"
+        R"({"entry":{"ip":"10.0.0.5","hostnames":["api.test"],"comment":"say \"hi\"\\","enabled":false}},)"
+        R"({"entry":{"ip":"127.0.0.1","hostnames":["a.test","b.test"],"comment":"","enabled":true}},)"
+        "{\"raw\":\"\u00A0tab\\there\\r\"}],"
+        R"("serialized":"## head\n127.0.0.1\tlocalhost\n  # 10.0.0.5 api.test # say \"hi\"\\\n)"
+        "127.0.0.1 a.test b.test#\\n\u00A0tab\\there\\r\\n\"}\n");
 }
 
 TEST(InspectCliTest, SerializeWritesExactlyTheModelText) {
@@ -62,11 +62,11 @@ TEST_P(InspectInputTest, ReadsTypedTextLikeTheInputBar) {
 
 INSTANTIATE_TEST_SUITE_P(
     Typed, InspectInputTest,
-    ::testing::Values(InputCase{"myapp.test", R"({"ip":"127.0.0.1","hosts":["myapp.test"]})"},
-                      InputCase{"10.0.0.5 a.test b.test", R"({"ip":"10.0.0.5","hosts":["a.test","b.test"]})"},
-                      InputCase{"\u00A0myapp.test\u00A0", R"({"ip":"127.0.0.1","hosts":["myapp.test"]})"},
-                      InputCase{"10.0.0.5", "null"}, InputCase{"bad!name", "null"},
-                      InputCase{"", "null"}));
+    ::testing::Values(
+        InputCase{"myapp.test", R"({"ip":"127.0.0.1","hosts":["myapp.test"]})"},
+        InputCase{"10.0.0.5 a.test b.test", R"({"ip":"10.0.0.5","hosts":["a.test","b.test"]})"},
+        InputCase{"\u00A0myapp.test\u00A0", R"({"ip":"127.0.0.1","hosts":["myapp.test"]})"},
+        InputCase{"10.0.0.5", "null"}, InputCase{"bad!name", "null"}, InputCase{"", "null"}));
 
 TEST(InspectCliTest, RefusesFilesItCannotReadAsUtf8) {
     const auto missing = inspect({"--serialize", "/nonexistent/hosts"});
@@ -97,7 +97,8 @@ TEST(InspectCliTest, ScriptPrintsWhatTheRunnerWouldRun) {
     const std::string text = "127.0.0.1 a.test # \"q\" $HOME\n";
     const auto script = inspect({"--script", "-"}, text);
     ASSERT_EQ(script.exitCode, 0) << script.err;
-    EXPECT_TRUE(script.out.starts_with("set -e\nT=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"));
+    EXPECT_TRUE(
+        script.out.starts_with("set -e\nT=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"));
     EXPECT_NE(script.out.find("'\n" + text + "PINECOVE_EOF_"), std::string::npos);
     EXPECT_TRUE(script.out.find("/bin/mv \"$T\" /etc/hosts") != std::string::npos);
 
@@ -115,7 +116,8 @@ TEST(InspectCliTest, ScriptPrintsWhatTheRunnerWouldRun) {
 
 TEST(InspectCliTest, BadUsagePrintsTheUsage) {
     const std::vector<std::vector<std::string>> misuses = {
-        {}, {"--serialize"}, {"--bogus", "file"}, {"--toggle-all", "a", "b"}, {"--input"}, {"--nope"}};
+        {},          {"--serialize"}, {"--bogus", "file"}, {"--toggle-all", "a", "b"},
+        {"--input"}, {"--nope"}};
     for (const auto& arguments : misuses) {
         const auto result = inspect(arguments);
         EXPECT_EQ(result.exitCode, 2);

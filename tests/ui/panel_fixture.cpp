@@ -19,7 +19,9 @@ PanelFixture::PanelFixture(const std::string& hostsText) {
     HostsStore::Environment environment;
     environment.hostsPath = hostsPath();
     const QString backups = dir_.filePath(QStringLiteral("backups"));
-    environment.backupsFolder = [backups] { return backups; };
+    environment.backupsFolder = [backups] {
+        return backups;
+    };
     environment.runner = runner_;
     store_ = std::make_unique<HostsStore>(environment);
 
@@ -30,9 +32,13 @@ PanelFixture::PanelFixture(const std::string& hostsText) {
     view_->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
 }
 
-PanelFixture::~PanelFixture() { view_.reset(); }
+PanelFixture::~PanelFixture() {
+    view_.reset();
+}
 
-QQuickItem* PanelFixture::panel() const { return view_->rootObject(); }
+QQuickItem* PanelFixture::panel() const {
+    return view_->rootObject();
+}
 
 QQuickItem* PanelFixture::find(const char* objectName) const {
     return panel() ? panel()->findChild<QQuickItem*>(QLatin1String(objectName)) : nullptr;

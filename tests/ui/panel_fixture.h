@@ -7,7 +7,6 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTemporaryDir>
-
 #include <memory>
 
 // A panel on a store over a temporary hosts file, with the fake runner: what the UI tests and

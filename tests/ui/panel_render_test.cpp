@@ -18,7 +18,8 @@ const std::string fewEntries = "127.0.0.1\tlocalhost\n"
                                "#192.168.1.20\tnas.home.arpa\n"
                                "127.0.0.1\tkubernetes.docker.internal\n";
 
-const std::string onlySystem = "127.0.0.1\tlocalhost\n255.255.255.255\tbroadcasthost\n::1\tlocalhost\n";
+const std::string onlySystem =
+    "127.0.0.1\tlocalhost\n255.255.255.255\tbroadcasthost\n::1\tlocalhost\n";
 
 } // namespace
 

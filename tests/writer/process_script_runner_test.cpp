@@ -3,7 +3,6 @@
 
 #include <QStandardPaths>
 #include <QTest>
-
 #include <optional>
 
 namespace {
@@ -64,18 +63,19 @@ private slots:
             << "echo 'ignored' >&2; exit 0" << true << QString();
         QTest::newRow("status 1 with only a line feed")
             << "printf '\\n' >&2; exit 1" << false << "Writing the hosts file failed.";
-        QTest::newRow("status 1 with nothing") << "exit 1" << false << "Writing the hosts file failed.";
-        QTest::newRow("trimmed text") << "printf '  some error\\n' >&2; exit 1" << false
-                                      << "some error";
+        QTest::newRow("status 1 with nothing")
+            << "exit 1" << false << "Writing the hosts file failed.";
+        QTest::newRow("trimmed text")
+            << "printf '  some error\\n' >&2; exit 1" << false << "some error";
         QTest::newRow("not UTF-8") << "printf 'bad \\377\\376\\n' >&2; exit 1" << false
                                    << "Writing the hosts file failed.";
         QTest::newRow("a cancelled dialog")
             << "echo 'execution error: User canceled. (-128)' >&2; exit 1" << false
             << "execution error: User canceled. (-128)";
-        QTest::newRow("killed by a signal") << "kill -9 $$" << false
-                                            << "Writing the hosts file failed.";
-        QTest::newRow("the text arrives as one argument") << "printf '%s' \"$1\" >&2; exit 2"
-                                                          << false << "a \"q\" \\ $x `y`";
+        QTest::newRow("killed by a signal")
+            << "kill -9 $$" << false << "Writing the hosts file failed.";
+        QTest::newRow("the text arrives as one argument")
+            << "printf '%s' \"$1\" >&2; exit 2" << false << "a \"q\" \\ $x `y`";
     }
 
     void readsTheOutcome() {
@@ -106,15 +106,18 @@ private slots:
         ProcessScriptRunner runner(QStringLiteral("/bin/sh"),
                                    {QStringLiteral("-c"), QStringLiteral("cat >&2; exit 3")},
                                    ProcessScriptRunner::Delivery::StandardInput);
-        QCOMPARE(failedMessage(runToEnd(runner, "line one\nline two")), std::string("line one\nline two"));
+        QCOMPARE(failedMessage(runToEnd(runner, "line one\nline two")),
+                 std::string("line one\nline two"));
     }
 
     void aDismissedPromptCarriesTheCancelMarker() {
-        ProcessScriptRunner runner = standIn(QStringLiteral("echo 'Not authorized' >&2; exit 126"), 126);
+        ProcessScriptRunner runner =
+            standIn(QStringLiteral("echo 'Not authorized' >&2; exit 126"), 126);
         const std::string message = failedMessage(runToEnd(runner, "script"));
         QVERIFY(message.find("-128") != std::string::npos);
         // Any other failure keeps the runner's own text.
-        ProcessScriptRunner other = standIn(QStringLiteral("echo 'Not authorized' >&2; exit 127"), 126);
+        ProcessScriptRunner other =
+            standIn(QStringLiteral("echo 'Not authorized' >&2; exit 127"), 126);
         QCOMPARE(failedMessage(runToEnd(other, "script")), std::string("Not authorized"));
     }
 
@@ -125,7 +128,8 @@ private slots:
                                          [&](auto failure) { result = failure; });
         QTRY_VERIFY(result.has_value());
         QVERIFY(result->has_value());
-        QCOMPARE((*result)->message, std::string("The hosts file is unexpectedly large. Refusing to write."));
+        QCOMPARE((*result)->message,
+                 std::string("The hosts file is unexpectedly large. Refusing to write."));
     }
 };
 

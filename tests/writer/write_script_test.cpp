@@ -1,10 +1,9 @@
 #include "run_process.h"
 #include "write_script.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 
 using namespace PrivilegedWriter;
@@ -107,7 +106,8 @@ TEST(AppleScriptTest, CommandCarriesTheScriptUnchangedOnOneLine) {
     ASSERT_TRUE(command.starts_with(head));
     ASSERT_TRUE(command.ends_with(tail));
     EXPECT_EQ(command.find('\n'), std::string::npos);
-    const std::string literal = command.substr(head.size(), command.size() - head.size() - tail.size());
+    const std::string literal =
+        command.substr(head.size(), command.size() - head.size() - tail.size());
     EXPECT_EQ(unescapeAppleScriptLiteral(literal), script);
 }
 

@@ -36,7 +36,8 @@ void fail(const std::string& message) {
 }
 
 int writeOut(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() ||
+        std::fflush(stdout) != 0) {
         fail(std::string("cannot write standard output: ") + std::strerror(errno));
         return exitFailure;
     }

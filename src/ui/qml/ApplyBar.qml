@@ -70,8 +70,14 @@ Rectangle {
                 radius: height / 2
                 gradient: Gradient {
                     orientation: Gradient.Horizontal
-                    GradientStop { position: 0; color: Theme.teal }
-                    GradientStop { position: 1; color: Theme.green }
+                    GradientStop {
+                        position: 0
+                        color: Theme.teal
+                    }
+                    GradientStop {
+                        position: 1
+                        color: Theme.green
+                    }
                 }
             }
 

@@ -22,6 +22,9 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     model: Store.customEntries
     reuseItems: true
+    keyNavigationEnabled: true
+    highlightFollowsCurrentItem: false
+    currentIndex: -1
 
     delegate: EntryRow {
         width: list.width - 2 * list.padding

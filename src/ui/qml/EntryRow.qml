@@ -6,9 +6,10 @@ import Pinecove
 // One mapping in the list: status dot, first name with a "+N" badge, address. A click toggles
 // it, the trash button (on hover) and the context menu remove it; system rows are dimmed and
 // locked.
-Item {
+FocusScope {
     id: row
 
+    required property int index
     required property string entryId
     required property string title
     required property string badge
@@ -21,6 +22,7 @@ Item {
     required property string accessibleHint
 
     readonly property bool hovered: hover.hovered
+    readonly property alias contextMenu: contextMenu
 
     function toggle() {
         if (!system)
@@ -59,6 +61,13 @@ Item {
             id: mainControl
 
             objectName: "mainControl"
+            focus: true
+            // As the list's current row, keyboard focus follows the row when a toggle moves it
+            // to its sorted place, and Up and Down move between rows.
+            onActiveFocusChanged: {
+                if (activeFocus && row.ListView.view)
+                    row.ListView.view.currentIndex = row.index;
+            }
             Layout.fillWidth: true
             implicitHeight: content.implicitHeight
             label: row.accessibleLabel

@@ -31,7 +31,7 @@ ColumnLayout {
         Layout.topMargin: 12
         opacity: visible ? 1 : 0
 
-        Behavior on opacity {
+        Behavior on opacity  {
             NumberAnimation {
                 duration: Theme.motion(0.15)
             }

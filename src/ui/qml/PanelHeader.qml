@@ -76,7 +76,8 @@ RowLayout {
                 onTriggered: Store.revealBackups()
             }
 
-            MenuSeparator {}
+            MenuSeparator {
+            }
 
             MenuItem {
                 text: "Quit Pinecove"

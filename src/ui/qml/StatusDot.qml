@@ -12,7 +12,13 @@ Item {
 
     // The glow: two faint halos standing in for a 3-point blur.
     Repeater {
-        model: dot.on ? [{ "d": 15, "a": 0.14 }, { "d": 12, "a": 0.22 }] : []
+        model: dot.on ? [{
+                "d": 15,
+                "a": 0.14
+            }, {
+                "d": 12,
+                "a": 0.22
+            }] : []
         delegate: Rectangle {
             required property var modelData
             anchors.centerIn: dot
@@ -32,8 +38,14 @@ Item {
         rotation: 45 // turns the horizontal gradient into top-leading to bottom-trailing
         gradient: Gradient {
             orientation: Gradient.Horizontal
-            GradientStop { position: 0; color: Theme.teal }
-            GradientStop { position: 1; color: Theme.green }
+            GradientStop {
+                position: 0
+                color: Theme.teal
+            }
+            GradientStop {
+                position: 1
+                color: Theme.green
+            }
         }
     }
 

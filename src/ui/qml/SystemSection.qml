@@ -48,7 +48,7 @@ ColumnLayout {
                 tint: Theme.secondary
                 rotation: section.expanded ? 90 : 0
 
-                Behavior on rotation {
+                Behavior on rotation  {
                     NumberAnimation {
                         duration: Theme.motion(0.2)
                         easing.type: Easing.OutCubic

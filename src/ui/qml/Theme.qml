@@ -1,5 +1,4 @@
 pragma Singleton
-
 import QtQuick
 import Pinecove
 

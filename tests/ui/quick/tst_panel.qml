@@ -1,0 +1,239 @@
+import QtQuick
+import QtTest
+import Pinecove
+import PinecoveTest
+
+// Drives the panel as a user would, by keyboard and mouse.
+TestCase {
+    id: testCase
+
+    property var panel: null
+    readonly property string sample: "127.0.0.1 localhost\n127.0.0.1 beta.test\n#10.0.0.5 alpha.test\n"
+
+    function init() {
+        Desktop.reduceMotion = true;
+        TestHosts.reset(sample);
+        panel = createTemporaryObject(panelComponent, testCase);
+        verify(panel);
+        waitForRendering(panel);
+    }
+
+    // Delegates live in the visual tree, which findChild does not search.
+    function findAll(root, predicate) {
+        const found = [];
+        const seen = new Set();
+        const visit = item => {
+            if (!item || seen.has(item))
+                return;
+            seen.add(item);
+            if (predicate(item))
+                found.push(item);
+            for (let i = 0; i < item.children.length; ++i)
+                visit(item.children[i]);
+            if (item.contentItem)
+                visit(item.contentItem); // a ListView's rows hang below its content item
+        };
+        visit(root);
+        return found;
+    }
+
+    function named(name) {
+        return findAll(panel, item => item.objectName === name)[0];
+    }
+
+    function rows() {
+        return findAll(panel, item => item.entryId !== undefined && item.visible && item.title !== undefined);
+    }
+
+    function row(title) {
+        return rows().find(r => r.title === title);
+    }
+
+    function mainControl(r) {
+        return findAll(r, item => item.objectName === "mainControl")[0];
+    }
+
+    function type(text) {
+        const field = named("inputField");
+        field.forceActiveFocus();
+        for (const c of text)
+            keyClick(c === " " ? Qt.Key_Space : c);
+    }
+
+    function chipTexts() {
+        return findAll(panel, item => (item.objectName === "ipChip" || item.objectName === "hostChip") && item.visible).map(c => c.text);
+    }
+
+    name: "Panel"
+    visible: true // a TestCase is hidden by default, and so would be the panel
+    when: windowShown
+    width: 360
+    height: 700
+
+    Component {
+        id: panelComponent
+
+        PanelView {
+        }
+    }
+
+    function test_typingShowsAndHidesTheChips() {
+        type("myapp.test");
+        tryCompare(named("preview"), "visible", true);
+        compare(chipTexts(), ["127.0.0.1", "myapp.test"]);
+        compare(named("plusSymbol").tint, Theme.green);
+        named("inputField").clear();
+        tryCompare(named("preview"), "visible", false);
+        compare(named("plusSymbol").tint, Theme.secondary);
+        type("bad!name");
+        compare(named("preview").visible, false);
+        named("inputField").clear();
+        type("10.0.0.5 a.test b.test");
+        compare(chipTexts(), ["10.0.0.5", "a.test", "b.test"]);
+    }
+
+    function test_returnAddsTheEntryAndClearsTheField() {
+        type("  myapp.test  ");
+        keyClick(Qt.Key_Return);
+        compare(named("inputField").text, "");
+        tryVerify(() => row("myapp.test") !== undefined);
+        verify(named("applyBar").visible);
+        compare(Store.subtitle, "2 active \u00B7 1 off");
+    }
+
+    function test_returnOnATakenNameKeepsTheText() {
+        type("ALPHA.test");
+        compare(chipTexts(), ["127.0.0.1", "ALPHA.test"]);
+        keyClick(Qt.Key_Return);
+        compare(named("inputField").text, "ALPHA.test");
+        compare(rows().length, 2);
+        verify(!named("applyBar").visible);
+    }
+
+    function test_clickTogglesAndTogglingBackIsClean() {
+        mouseClick(mainControl(row("beta.test")));
+        compare(row("beta.test").enabled, false);
+        compare(Store.subtitle, "0 active \u00B7 2 off");
+        verify(named("applyBar").visible);
+        mouseClick(mainControl(row("beta.test")));
+        compare(row("beta.test").enabled, true);
+        verify(!named("applyBar").visible);
+    }
+
+    function test_keyboardTogglesAndRemoves() {
+        const control = mainControl(row("beta.test"));
+        control.forceActiveFocus();
+        keyClick(Qt.Key_Space);
+        compare(row("beta.test").enabled, false);
+        verify(control.activeFocus);
+        keyClick(Qt.Key_Delete);
+        tryVerify(() => row("beta.test") === undefined);
+    }
+
+    function test_trashAppearsOnHoverAndRemoves() {
+        const r = row("alpha.test");
+        const trash = findAll(r, item => item.objectName === "removeButton")[0];
+        compare(trash.visible, false);
+        mouseMove(r, r.width / 2, r.height / 2);
+        tryCompare(trash, "visible", true);
+        mouseClick(trash);
+        tryVerify(() => row("alpha.test") === undefined);
+        verify(named("applyBar").visible);
+    }
+
+    function test_contextMenuOffersTurnOffAndRemove() {
+        const r = row("beta.test");
+        mouseClick(r, 20, r.height / 2, Qt.RightButton);
+        const menu = r.contextMenu;
+        tryCompare(menu, "opened", true);
+        compare(menu.itemAt(0).text, "Turn Off");
+        compare(menu.itemAt(1).text, "Remove");
+        menu.itemAt(0).triggered();
+        compare(row("beta.test").enabled, false);
+        menu.itemAt(1).triggered();
+        tryVerify(() => row("beta.test") === undefined);
+    }
+
+    function test_systemRowsRefuse() {
+        panel.systemExpanded = true;
+        tryVerify(() => row("localhost") !== undefined && row("localhost").width > 0);
+        const r = row("localhost");
+        compare(r.opacity, 0.75);
+        mouseClick(mainControl(r));
+        mouseClick(r, 20, r.height / 2, Qt.RightButton);
+        verify(!named("applyBar").visible);
+        compare(findAll(r, item => item.objectName === "removeButton")[0].visible, false);
+    }
+
+    function test_discardRestoresTheFile() {
+        mouseClick(mainControl(row("beta.test")));
+        type("new.test");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => row("new.test") !== undefined);
+        mouseClick(named("discardButton"));
+        tryVerify(() => row("new.test") === undefined);
+        compare(row("beta.test").enabled, true);
+        verify(!named("applyBar").visible);
+    }
+
+    function test_applyShowsTheSpinnerUntilTheWriteEnds() {
+        TestHosts.holdWrites(true);
+        mouseClick(mainControl(row("beta.test")));
+        const apply = named("applyButton");
+        mouseClick(apply);
+        verify(Store.isApplying);
+        verify(named("applySpinner").visible);
+        verify(!apply.enabled);
+        compare(apply.Accessible.name, "Applying changes");
+        mouseClick(apply);
+        compare(TestHosts.writesRequested(), 1);
+        TestHosts.releaseWrite();
+        tryVerify(() => !Store.isApplying);
+        verify(!named("applyBar").visible);
+        compare(TestHosts.fileText(), "127.0.0.1 localhost\n# 127.0.0.1 beta.test\n#10.0.0.5 alpha.test\n");
+    }
+
+    function test_controlReturnApplies() {
+        mouseClick(mainControl(row("alpha.test")));
+        named("inputField").forceActiveFocus();
+        keyClick(Qt.Key_Return, Qt.ControlModifier);
+        tryVerify(() => !named("applyBar").visible);
+        compare(TestHosts.writesRequested(), 1);
+    }
+
+    function test_bannerFollowsTheError() {
+        TestHosts.failWrites("Not authorized");
+        mouseClick(mainControl(row("beta.test")));
+        mouseClick(named("applyButton"));
+        tryCompare(named("errorBanner"), "visible", true);
+        compare(named("errorBanner").message, "Not authorized");
+        verify(named("applyBar").visible);
+        tryVerify(() => named("errorBanner").y < named("applyBar").y); // once laid out
+        keyClick(Qt.Key_R, Qt.ControlModifier); // Refresh: a good load clears the message
+        tryCompare(named("errorBanner"), "visible", false);
+    }
+
+    function test_subtitleAndListHeightFollowTheRules() {
+        TestHosts.reset("127.0.0.1 localhost\n");
+        compare(Store.subtitle, "No custom entries");
+        const list = named("entryList");
+        tryVerify(() => list.height === Math.min(Math.max(list.contentHeight + 16, 1), 380));
+        let many = "";
+        for (let i = 0; i < 40; ++i)
+            many += "127.0.0." + i + " host" + i + ".test\n";
+        TestHosts.reset(many);
+        compare(Store.subtitle, "40 active");
+        tryCompare(list, "height", 380);
+    }
+
+    function test_appearingReloadsOnlyWhenClean() {
+        TestHosts.writeBehind(sample + "127.0.0.1 outside.test\n");
+        panel.appeared();
+        tryVerify(() => row("outside.test") !== undefined);
+        mouseClick(mainControl(row("beta.test")));
+        TestHosts.writeBehind(sample);
+        panel.appeared();
+        verify(row("outside.test") !== undefined); // the edit is kept, the file not reread
+        verify(named("applyBar").visible);
+    }
+}
