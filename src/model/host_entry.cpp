@@ -49,13 +49,12 @@ const std::set<std::string, std::less<>>& HostEntry::systemHostnames() {
 bool HostEntry::isSystem() const {
     if (hostnames_.empty())
         return false;
-    const auto& system = systemHostnames();
+    // Lists are partitioned by this on every change, so it compares in place, against a plain
+    // array rather than the set, and without lower-cased copies of the names.
+    static const std::vector<std::string_view> system(systemHostnames().begin(), systemHostnames().end());
     for (const std::string_view name : hostnames_) {
-        // Lists are partitioned by this on every change, so it compares in place rather than
-        // building lower-cased copies of every name.
-        const bool known = std::any_of(system.begin(), system.end(), [&](const std::string& s) {
-            return equalsLowercased(name, s);
-        });
+        const bool known = std::any_of(system.begin(), system.end(),
+                                       [&](std::string_view s) { return equalsLowercased(name, s); });
         if (!known)
             return false;
     }

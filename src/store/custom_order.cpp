@@ -12,13 +12,14 @@ CustomOrder::Item CustomOrder::makeItem(const HostEntry& entry, std::uint32_t se
     item.sequence = sequence;
     item.enabled = entry.isEnabled();
     if (collation_.hasFastKeys()) {
-        const std::string key = collation_.key(item.name);
         item.keyOffset = static_cast<std::uint32_t>(keys_.size());
-        keys_ += key;
+        collation_.appendKey(keys_, item.name);
+        const std::string_view key = std::string_view(keys_).substr(item.keyOffset);
         // Weights start at 1, so zero padding sorts a shorter key first, as a full compare would.
-        for (std::size_t i = 0; i < 8; ++i)
-            item.keyPrefix =
-                (item.keyPrefix << 8) | (i < key.size() ? static_cast<std::uint8_t>(key[i]) : 0u);
+        for (std::size_t i = 0; i < 16; ++i) {
+            std::uint64_t& prefix = i < 8 ? item.keyPrefix : item.keyPrefix2;
+            prefix = (prefix << 8) | (i < key.size() ? static_cast<std::uint8_t>(key[i]) : 0u);
+        }
     }
     return item;
 }
@@ -26,15 +27,23 @@ CustomOrder::Item CustomOrder::makeItem(const HostEntry& entry, std::uint32_t se
 bool CustomOrder::before(const Item& a, const Item& b) const {
     if (a.enabled != b.enabled)
         return a.enabled;
-    int byName;
-    if (collation_.hasFastKeys() && a.keyPrefix != b.keyPrefix)
-        return a.keyPrefix < b.keyPrefix;
-    if (collation_.hasFastKeys())
-        byName = std::string_view(keys_)
-                     .substr(a.keyOffset, a.name.size())
-                     .compare(std::string_view(keys_).substr(b.keyOffset, b.name.size()));
-    else
+    int byName = 0;
+    if (collation_.hasFastKeys()) {
+        if (a.keyPrefix != b.keyPrefix)
+            return a.keyPrefix < b.keyPrefix;
+        if (a.keyPrefix2 != b.keyPrefix2)
+            return a.keyPrefix2 < b.keyPrefix2;
+        // Equal prefixes of names that fit in them are equal names; block lists repeat short
+        // names often, so this spares most full compares.
+        constexpr std::size_t prefixBytes = 16;
+        if (a.name.size() > prefixBytes || b.name.size() > prefixBytes) {
+            const std::string_view keys(keys_);
+            byName = keys.substr(a.keyOffset, a.name.size())
+                         .compare(keys.substr(b.keyOffset, b.name.size()));
+        }
+    } else {
         byName = collation_.compare(a.name, b.name);
+    }
     if (byName != 0)
         return byName < 0;
     if (a.ip != b.ip)
@@ -44,6 +53,7 @@ bool CustomOrder::before(const Item& a, const Item& b) const {
 
 void CustomOrder::rebuild(const HostsDocument& document) {
     items_.clear();
+    itemIds_.clear();
     sorted_.clear();
     keys_.clear();
     items_.reserve(document.order.size());
@@ -52,28 +62,57 @@ void CustomOrder::rebuild(const HostsDocument& document) {
         // Right after a load the table holds the entries in file order, so the position is a
         // hint that saves a hash lookup per entry.
         const HostEntry* entry = document.entries.find(id, sequence);
-        if (entry && !entry->isSystem())
+        if (entry && !entry->isSystem()) {
             items_.push_back(makeItem(*entry, sequence));
+            itemIds_.push_back(entry->id());
+        }
         ++sequence;
     }
     nextSequence_ = sequence;
-    // Sorting the items themselves keeps the comparisons on neighbouring memory; the list then
-    // starts out as the items in place. The sequence breaks every tie, so a plain sort is as
-    // stable as the rule asks.
-    std::sort(items_.begin(), items_.end(),
-              [this](const Item& a, const Item& b) { return before(a, b); });
-    sorted_.resize(items_.size());
-    for (std::size_t i = 0; i < sorted_.size(); ++i)
-        sorted_[i] = static_cast<std::uint32_t>(i);
+
+    // A block list sorts hundreds of thousands of entries here. Sorting small records of the
+    // leading key bytes (the enabled state folded into the top bit: weights never use it) makes
+    // nearly every comparison two integer compares; only ties look at the whole entry. The
+    // sequence breaks every tie, so a plain sort is as stable as the rule asks.
+    struct Record {
+        std::uint64_t first;
+        std::uint64_t second;
+        std::uint32_t item;
+    };
+    std::vector<Record> records(items_.size());
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Item& item = items_[i];
+        const std::uint64_t disabled = item.enabled ? 0 : std::uint64_t{1} << 63;
+        const auto index = static_cast<std::uint32_t>(i);
+        records[i] = collation_.hasFastKeys()
+                         ? Record{disabled | item.keyPrefix, item.keyPrefix2, index}
+                         : Record{disabled, 0, index};
+    }
+    std::sort(records.begin(), records.end(), [this](const Record& a, const Record& b) {
+        if (a.first != b.first)
+            return a.first < b.first;
+        if (a.second != b.second)
+            return a.second < b.second;
+        return before(items_[a.item], items_[b.item]);
+    });
+    sorted_.resize(records.size());
+    for (std::size_t i = 0; i < records.size(); ++i)
+        sorted_[i] = records[i].item;
+}
+
+int CustomOrder::enabledCount() const {
+    const auto firstDisabled =
+        std::partition_point(sorted_.begin(), sorted_.end(),
+                             [this](std::uint32_t item) { return items_[item].enabled; });
+    return static_cast<int>(firstDisabled - sorted_.begin());
 }
 
 std::optional<int> CustomOrder::positionOf(const Uuid& id) const {
     // Two sequential scans: the item by id, then its place in the list.
-    const auto item =
-        std::find_if(items_.begin(), items_.end(), [&](const Item& i) { return i.id == id; });
-    if (item == items_.end())
+    const auto item = std::find(itemIds_.begin(), itemIds_.end(), id);
+    if (item == itemIds_.end())
         return std::nullopt;
-    const auto index = static_cast<std::uint32_t>(item - items_.begin());
+    const auto index = static_cast<std::uint32_t>(item - itemIds_.begin());
     const auto it = std::find(sorted_.begin(), sorted_.end(), index);
     if (it == sorted_.end())
         return std::nullopt; // removed earlier
@@ -106,5 +145,6 @@ std::optional<int> CustomOrder::removed(const Uuid& id) {
 
 int CustomOrder::added(const HostEntry& entry) {
     items_.push_back(makeItem(entry, nextSequence_++));
+    itemIds_.push_back(entry.id());
     return insertSorted(static_cast<std::uint32_t>(items_.size() - 1));
 }

@@ -25,6 +25,8 @@ public:
     int added(const pinecove::HostEntry& entry);
 
     int size() const { return static_cast<int>(sorted_.size()); }
+    // Enabled entries come first, so their count is where the disabled ones begin.
+    int enabledCount() const;
     const pinecove::Uuid& idAt(int position) const {
         return items_[sorted_[static_cast<std::size_t>(position)]].id;
     }
@@ -35,7 +37,10 @@ private:
         pinecove::Uuid id;
         std::string_view name; // first hostname; points into the entry's own text
         std::string_view ip;
-        std::uint64_t keyPrefix = 0; // the key's first eight bytes, big-endian, zero-padded
+        // The key's first sixteen bytes, big-endian, zero-padded: most names differ in them, so
+        // most comparisons are two integer compares.
+        std::uint64_t keyPrefix = 0;
+        std::uint64_t keyPrefix2 = 0;
         std::uint32_t keyOffset = 0; // the name's collation key in keys_, when fast keys are on
         std::uint32_t sequence = 0;  // file order, then order of adding
         bool enabled = true;
@@ -50,6 +55,7 @@ private:
     // list shifts four bytes per entry rather than a whole item. A removed item stays behind,
     // unlisted, until the next rebuild.
     std::vector<Item> items_;
+    std::vector<pinecove::Uuid> itemIds_; // items_[i].id, packed: finding an item scans only these
     std::vector<std::uint32_t> sorted_;
     std::string keys_; // every key, back to back; a key is as long as its name
     std::uint32_t nextSequence_ = 0;

@@ -58,12 +58,16 @@ HostnameCollation::HostnameCollation(const QLocale& locale)
 }
 
 std::string HostnameCollation::key(std::string_view hostname) const {
-    std::string key(hostname.size(), '\0');
-    for (std::size_t i = 0; i < hostname.size(); ++i) {
-        const auto c = static_cast<unsigned char>(hostname[i]);
-        key[i] = static_cast<char>(c < 128 ? weight_[c] : 0);
-    }
+    std::string key;
+    appendKey(key, hostname);
     return key;
+}
+
+void HostnameCollation::appendKey(std::string& out, std::string_view hostname) const {
+    for (const char ch : hostname) {
+        const auto c = static_cast<unsigned char>(ch);
+        out += static_cast<char>(c < 128 ? weight_[c] : 0);
+    }
 }
 
 int HostnameCollation::compare(std::string_view a, std::string_view b) const {

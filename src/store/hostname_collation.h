@@ -22,6 +22,8 @@ public:
     int compare(std::string_view a, std::string_view b) const;
     // A key whose byte order is compare()'s order; empty when the fast path is off.
     std::string key(std::string_view hostname) const;
+    // The same key, appended to `out`.
+    void appendKey(std::string& out, std::string_view hostname) const;
     bool hasFastKeys() const { return fast_; }
 
 private:

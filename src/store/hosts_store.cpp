@@ -111,20 +111,28 @@ bool HostsStore::add(const std::string& ip, const std::vector<std::string>& host
     return true;
 }
 
+template <typename Visit> void HostsStore::forEachEntryInOrder(Visit&& visit) const {
+    // The entry lines stand in the order of `order` (file order, then additions), and each
+    // knows where its entry sits, so this reads the table front to back without hashing.
+    for (const Line& line : document_.lines)
+        if (line.isEntry())
+            if (const HostEntry* entry = document_.entries.find(line.entryId(), line.entryHint()))
+                visit(*entry);
+}
+
 std::vector<HostEntry> HostsStore::orderedEntries() const {
     std::vector<HostEntry> entries;
-    entries.reserve(document_.order.size());
-    for (const Uuid& id : document_.order)
-        if (const HostEntry* entry = document_.entries.find(id))
-            entries.push_back(*entry);
+    entries.reserve(document_.entries.size());
+    forEachEntryInOrder([&](const HostEntry& entry) { entries.push_back(entry); });
     return entries;
 }
 
 std::vector<HostEntry> HostsStore::systemEntries() const {
     std::vector<HostEntry> entries;
-    for (const Uuid& id : document_.order)
-        if (const HostEntry* entry = document_.entries.find(id); entry && entry->isSystem())
-            entries.push_back(*entry);
+    forEachEntryInOrder([&](const HostEntry& entry) {
+        if (entry.isSystem())
+            entries.push_back(entry);
+    });
     return entries;
 }
 
@@ -137,10 +145,7 @@ std::vector<HostEntry> HostsStore::customEntries() const {
 }
 
 int HostsStore::activeCustomCount() const {
-    int active = 0;
-    for (int i = 0; i < customOrder_.size(); ++i)
-        active += document_.entries.find(customOrder_.idAt(i))->isEnabled() ? 1 : 0;
-    return active;
+    return customOrder_.enabledCount();
 }
 
 void HostsStore::setApplying(bool applying) {

@@ -96,6 +96,7 @@ signals:
     void applyFinished();
 
 private:
+    template <typename Visit> void forEachEntryInOrder(Visit&& visit) const;
     std::optional<std::string> readHostsFile() const;
     void setApplying(bool applying);
     void setLastError(std::optional<QString> error);

@@ -45,20 +45,20 @@ PanelStore::PanelStore(HostsStore* store, QObject* parent)
     , store_(store)
     , custom_(store, EntryListModel::Kind::Custom)
     , system_(store, EntryListModel::Kind::System) {
-    connect(store_, &HostsStore::dirtyChanged, this, &PanelStore::changed);
+    refresh();
+    connect(store_, &HostsStore::dirtyChanged, this, &PanelStore::refresh);
     connect(store_, &HostsStore::isApplyingChanged, this, &PanelStore::isApplyingChanged);
     connect(store_, &HostsStore::lastErrorChanged, this, &PanelStore::lastErrorChanged);
 }
 
-QString PanelStore::subtitle() const {
+void PanelStore::refresh() {
     const int custom = store_->customOrder().size();
-    return QString::fromStdString(
+    subtitle_ = QString::fromStdString(
         panelSubtitle(custom, custom == 0 ? 0 : store_->activeCustomCount()));
+    isDirty_ = store_->isDirty();
+    emit changed();
 }
 
-bool PanelStore::isDirty() const {
-    return store_->isDirty();
-}
 bool PanelStore::isApplying() const {
     return store_->isApplying();
 }

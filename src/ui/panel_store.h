@@ -31,8 +31,8 @@ public:
 
     explicit PanelStore(HostsStore* store, QObject* parent = nullptr);
 
-    QString subtitle() const;
-    bool isDirty() const;
+    QString subtitle() const { return subtitle_; }
+    bool isDirty() const { return isDirty_; }
     bool isApplying() const;
     QString lastError() const;
     bool hasError() const;
@@ -59,7 +59,12 @@ signals:
     void lastErrorChanged();
 
 private:
+    // Several bindings read these after every edit; each edit computes them once.
+    void refresh();
+
     HostsStore* store_;
+    QString subtitle_;
+    bool isDirty_ = false;
     EntryListModel custom_;
     EntryListModel system_;
 };
