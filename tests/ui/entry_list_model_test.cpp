@@ -14,6 +14,23 @@
 
 using namespace pinecove;
 
+namespace {
+
+// A store over a temporary hosts file holding `text`.
+std::unique_ptr<HostsStore> storeWith(const QTemporaryDir& dir, const QByteArray& text) {
+    const QString path = dir.filePath(QStringLiteral("hosts"));
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(text);
+    file.close();
+    HostsStore::Environment environment;
+    environment.hostsPath = path;
+    environment.runner = std::make_shared<FakeScriptRunner>(path);
+    return std::make_unique<HostsStore>(environment);
+}
+
+} // namespace
+
 class EntryListModelTest : public QObject {
     Q_OBJECT
 
@@ -21,22 +38,16 @@ private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     void followsTheStoreRowForRow() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("hosts"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("127.0.0.1 localhost\n");
+        QByteArray text = "127.0.0.1 localhost\n";
         for (int i = 0; i < 40; ++i)
-            file.write(QStringLiteral("%1127.0.0.%2 host%3.test\n")
-                           .arg(i % 3 ? "" : "#")
-                           .arg(i % 7)
-                           .arg(i % 11)
-                           .toUtf8());
-        file.close();
-        HostsStore::Environment environment;
-        environment.hostsPath = path;
-        environment.runner = std::make_shared<FakeScriptRunner>(path);
-        HostsStore store(environment);
+            text += QStringLiteral("%1127.0.0.%2 host%3.test\n")
+                        .arg(i % 3 ? "" : "#")
+                        .arg(i % 7)
+                        .arg(i % 11)
+                        .toUtf8();
+        QTemporaryDir dir;
+        const auto owned = storeWith(dir, text);
+        HostsStore& store = *owned;
 
         EntryListModel custom(&store, EntryListModel::Kind::Custom);
         EntryListModel system(&store, EntryListModel::Kind::System);
@@ -78,15 +89,8 @@ private slots:
 
     void rolesCarryTheRowTexts() {
         QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("hosts"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#10.0.0.5 a.test b.test c.test\n");
-        file.close();
-        HostsStore::Environment environment;
-        environment.hostsPath = path;
-        environment.runner = std::make_shared<FakeScriptRunner>(path);
-        HostsStore store(environment);
+        const auto owned = storeWith(dir, "#10.0.0.5 a.test b.test c.test\n");
+        HostsStore& store = *owned;
         EntryListModel custom(&store, EntryListModel::Kind::Custom);
         const QModelIndex row = custom.index(0);
         QCOMPARE(row.data(EntryListModel::TitleRole).toString(), QStringLiteral("a.test"));
