@@ -1,0 +1,96 @@
+#include "menu_bar_icon.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+
+namespace MenuBarIcon {
+
+namespace {
+
+struct Node {
+    QPointF centre;
+    double radius;
+};
+
+constexpr std::array<Node, 3> nodes{{{{9, 13.8}, 2.4}, {{3.4, 4.9}, 1.9}, {{14.6, 4.9}, 1.9}}};
+
+QRectF ovalOf(const Node& node) {
+    // Computed in double precision: 4.9 - 1.9 gives 3.0000000000000004, as intended.
+    return {node.centre.x() - node.radius, node.centre.y() - node.radius, 2 * node.radius,
+            2 * node.radius};
+}
+
+Edge shortened(QPointF a, QPointF b) {
+    const QPointF d = b - a;
+    const double length = std::hypot(d.x(), d.y());
+    const QPointF step = d * (edgeInset / length);
+    return {a + step, b - step};
+}
+
+QIcon makeIcon(bool dirty) {
+    QIcon icon;
+    for (const qreal ratio : {1.0, 2.0, 3.0})
+        icon.addPixmap(QPixmap::fromImage(draw(dirty, ratio)));
+#if defined(__APPLE__)
+    icon.setIsMask(true); // a template image: only its alpha counts
+#endif
+    return icon;
+}
+
+} // namespace
+
+std::array<QRectF, 3> nodeOvals() {
+    return {ovalOf(nodes[0]), ovalOf(nodes[1]), ovalOf(nodes[2])};
+}
+
+std::array<Edge, 3> edges() {
+    const auto& [top, left, right] = nodes;
+    return {shortened(top.centre, left.centre), shortened(left.centre, right.centre),
+            shortened(right.centre, top.centre)};
+}
+
+QImage draw(bool dirty, qreal devicePixelRatio) {
+    const int pixels = static_cast<int>(std::lround(canvas * devicePixelRatio));
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    image.setDevicePixelRatio(devicePixelRatio);
+
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Points with the origin at the bottom left and y growing upward.
+    painter.translate(0, canvas);
+    painter.scale(1, -1);
+
+    QPainterPath path;
+    for (const Edge& edge : edges()) {
+        path.moveTo(edge.from);
+        path.lineTo(edge.to);
+    }
+    QPen pen(Qt::black, lineWidth, Qt::CustomDashLine, Qt::RoundCap);
+    // Qt measures dashes in pen widths: 0.1 drawn and 1.75 gap, in points, with round caps,
+    // make a row of dots 1.85 points apart.
+    pen.setDashPattern({0.1 / lineWidth, 1.75 / lineWidth});
+    pen.setDashOffset(0);
+    painter.strokePath(path, pen);
+
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    for (const QRectF& oval : nodeOvals())
+        painter.drawEllipse(oval);
+    if (dirty)
+        painter.drawEllipse(unsavedDot);
+    return image;
+}
+
+const QIcon& normal() {
+    static const QIcon icon = makeIcon(false);
+    return icon;
+}
+
+const QIcon& dirty() {
+    static const QIcon icon = makeIcon(true);
+    return icon;
+}
+
+} // namespace MenuBarIcon

@@ -1,0 +1,74 @@
+#include "panel_window.h"
+
+#include "panel_engine.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPalette>
+#include <QQuickItem>
+#include <QScreen>
+#include <algorithm>
+
+PanelWindow::PanelWindow(HostsStore& store, Style style)
+    : style_(style) {
+    setUpPanelEngine(*engine(), store);
+    setTitle(QStringLiteral("Pinecove"));
+    setResizeMode(QQuickView::SizeViewToRootObject);
+    if (style_ == Style::Popover) {
+        setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        setColor(Qt::transparent); // the panel draws its own rounded, translucent backdrop
+        // A popover goes away when the user turns to something else.
+        connect(this, &QWindow::activeChanged, this, [this] {
+            if (!isActive() && isVisible())
+                hide();
+        });
+    } else {
+        setColor(QGuiApplication::palette().color(QPalette::Window));
+    }
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
+}
+
+void PanelWindow::placeUnder(const QRect& anchor) {
+    const QPoint point = anchor.isValid() ? anchor.bottomLeft() : QCursor::pos();
+    QScreen* screen = QGuiApplication::screenAt(point);
+    const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1920, 1080);
+    const QSize size = rootObject()
+                           ? QSize(qRound(rootObject()->width()), qRound(rootObject()->height()))
+                           : QSize(360, 400);
+    // Centred under the item, kept on the screen; above it when the tray sits at the bottom.
+    int x = (anchor.isValid() ? anchor.center().x() : point.x()) - size.width() / 2;
+    int y = point.y() + 4;
+    if (y + size.height() > available.bottom())
+        y = (anchor.isValid() ? anchor.top() : point.y()) - size.height() - 4;
+    x = std::clamp(x, available.left() + 4,
+                   std::max(available.left() + 4, available.right() - size.width() - 4));
+    y = std::clamp(y, available.top() + 4,
+                   std::max(available.top() + 4, available.bottom() - size.height() - 4));
+    setPosition(x, y);
+}
+
+void PanelWindow::present(const QRect& anchor) {
+    if (style_ == Style::Popover && !isVisible())
+        placeUnder(anchor);
+    if (!isVisible() && rootObject())
+        QMetaObject::invokeMethod(rootObject(), "appeared");
+    show();
+    raise();
+    requestActivate();
+}
+
+void PanelWindow::toggleAt(const QRect& anchor) {
+    if (isVisible() && style_ == Style::Popover)
+        hide();
+    else
+        present(anchor);
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && style_ == Style::Popover) {
+        hide();
+        return;
+    }
+    QQuickView::keyPressEvent(event);
+}

@@ -1,0 +1,31 @@
+#include "tray_item.h"
+
+#include "hosts_store.h"
+#include "menu_bar_icon.h"
+#include "panel_window.h"
+
+#include <QCursor>
+
+TrayItem::TrayItem(HostsStore& store, PanelWindow& panel)
+    : store_(store) {
+    connect(&store_, &HostsStore::dirtyChanged, this, &TrayItem::follow);
+    connect(&icon_, &QSystemTrayIcon::activated, this,
+            [this, &panel](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                    panel.toggleAt(icon_.geometry().isValid() ? icon_.geometry()
+                                                              : QRect(QCursor::pos(), QSize(1, 1)));
+            });
+    shownDirty_ = !store_.isDirty(); // so that follow() sets the first image
+    follow();
+}
+
+void TrayItem::follow() {
+    // The dirty test itself, afresh on every change of the store.
+    const bool dirty = store_.isDirty();
+    if (dirty == shownDirty_)
+        return;
+    shownDirty_ = dirty;
+    icon_.setIcon(dirty ? MenuBarIcon::dirty() : MenuBarIcon::normal());
+    icon_.setToolTip(dirty ? QStringLiteral("Pinecove, unsaved changes")
+                           : QStringLiteral("Pinecove"));
+}
