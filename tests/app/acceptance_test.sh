@@ -1,0 +1,110 @@
+#!/usr/bin/env bash
+# Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool. Type
+# myapp.test, press Return, then Ctrl+Return; the hosts file must end with the new line, a backup
+# must exist, and the panel must be clean again (the apply bar gone).
+#
+# It writes the real path /etc/hosts, so it runs as root inside a private mount namespace where
+# a temporary folder is bound over /etc. Where that is impossible it reports a skip (77).
+#
+# Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window
+set -euo pipefail
+
+app=$1
+shots=$2
+mode=$3
+
+skip() { echo "SKIPPED: $*"; exit 77; }
+
+if [ "${4:-}" != "--inside" ]; then
+    [ "$(id -u)" -eq 0 ] || skip "the acceptance test needs root (it writes /etc/hosts in a private namespace)"
+    unshare --mount --propagation private true 2>/dev/null ||
+        skip "private mount namespaces are unavailable here"
+    for tool in Xvfb xdotool xdpyinfo import; do
+        command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
+    done
+    [ "$mode" = window ] || command -v trayer >/dev/null || skip "no tray host (trayer) is installed"
+
+    work=$(mktemp -d)
+    trap 'rm -rf "$work"' EXIT
+    mkdir -p "$work/etc" "$work/data"
+    # What the app, X and the write script need of /etc.
+    cp -a /etc/passwd /etc/group /etc/nsswitch.conf /etc/fonts "$work/etc/"
+    # Debian reaches some tools (ImageMagick's import among them) through /etc/alternatives.
+    for extra in /etc/alternatives /etc/ImageMagick-6 /etc/ImageMagick-7; do
+        [ -d "$extra" ] && cp -a "$extra" "$work/etc/"
+    done
+    printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n\n# local development\n127.0.0.1\tapi.test\n' >"$work/etc/hosts"
+    cp "$work/etc/hosts" "$work/original-hosts"
+    unshare --mount --propagation private -- /bin/sh -c 'mount --bind "$1/etc" /etc && exec "$2" "$3" "$4" "$5" --inside "$1"' \
+        sh "$work" "$0" "$app" "$shots" "$mode"
+    exit $?
+fi
+
+work=$5
+window=""
+fail() {
+    echo "FAILED: $*"
+    if [ -n "$window" ]; then
+        mkdir -p "$shots"
+        import -window "$window" "$shots/acceptance-$mode-failed.png" &&
+            echo "The panel at the failure: $shots/acceptance-$mode-failed.png"
+    fi
+    exit 1
+}
+
+display=120
+while [ -e "/tmp/.X11-unix/X$display" ] || [ -e "/tmp/.X$display-lock" ]; do display=$((display + 1)); done
+export DISPLAY=":$display" XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
+pids=()
+trap 'kill "${pids[@]}" 2>/dev/null || true' EXIT
+Xvfb "$DISPLAY" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+pids+=($!)
+for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+xdpyinfo >/dev/null 2>&1 || fail "Xvfb did not start"
+
+if [ "$mode" = tray ]; then
+    trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
+    pids+=($!)
+    timeout 10 xdotool search --sync --class trayer >/dev/null || fail "the tray host did not start"
+fi
+
+"$app" >"$work/app.log" 2>&1 &
+pids+=($!)
+if [ "$mode" = tray ]; then
+    # The item sits in the tray; a second start asks the running Pinecove to open its panel.
+    sleep 2
+    "$app" || fail "the second start did not hand over"
+fi
+window=$(timeout 20 xdotool search --sync --onlyvisible --name '^Pinecove$' | head -n 1) || true
+[ -n "$window" ] || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
+xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
+sleep 0.5
+height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
+clean_height=$(height)
+
+# Into the input field at the bottom of the panel, as a user would click.
+xdotool mousemove --window "$window" 180 $((clean_height - 28)) click 1
+sleep 0.3
+xdotool type --delay 40 "myapp.test"
+xdotool key Return
+sleep 0.5
+dirty_height=$(height)
+[ "$dirty_height" -gt "$clean_height" ] || fail "no apply bar after Return ($clean_height -> $dirty_height)"
+xdotool key ctrl+Return
+
+for _ in $(seq 100); do
+    [ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ] && break
+    sleep 0.1
+done
+[ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ] ||
+    fail "/etc/hosts does not end with the new line:$(printf '\n')$(cat /etc/hosts)"
+cmp -s <(head -n 5 /etc/hosts) "$work/original-hosts" || fail "the other lines changed"
+ls "$XDG_DATA_HOME"/Pinecove/Backups/hosts_* >/dev/null 2>&1 || fail "no backup was made"
+cmp -s "$(ls "$XDG_DATA_HOME"/Pinecove/Backups/hosts_* | head -n 1)" "$work/original-hosts" ||
+    fail "the backup does not hold the old file"
+for _ in $(seq 50); do [ "$(height)" -lt "$dirty_height" ] && break; sleep 0.1; done
+[ "$(height)" -lt "$dirty_height" ] || fail "the panel still shows unapplied changes"
+
+mkdir -p "$shots"
+import -window "$window" "$shots/acceptance-$mode.png"
+echo "PASSED ($mode): /etc/hosts ends with 127.0.0.1<TAB>myapp.test; screenshot $shots/acceptance-$mode.png"
