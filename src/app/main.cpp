@@ -1,6 +1,7 @@
 // Pinecove: edits the hosts file from the menu bar or system tray.
 
 #include "hosts_store.h"
+#include "panel_engine.h"
 #include "panel_window.h"
 #include "single_instance.h"
 #include "tray_item.h"
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
         return 0;
     instance.listen();
 
+    usePanelRenderer();
     HostsStore store; // the one store: loads /etc/hosts now
     const bool hasTray = QSystemTrayIcon::isSystemTrayAvailable();
     PanelWindow panel(store, hasTray ? PanelWindow::Style::Popover : PanelWindow::Style::Window);

@@ -4,6 +4,12 @@
 #include "symbol_image_provider.h"
 
 #include <QQmlEngine>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+
+void usePanelRenderer() {
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
 
 void setUpPanelEngine(QQmlEngine& engine, HostsStore& store) {
     PanelStore::setStore(&store);

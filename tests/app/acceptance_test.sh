@@ -75,7 +75,20 @@ if [ "$mode" = tray ]; then
     sleep 2
     "$app" || fail "the second start did not hand over"
 fi
-window=$(timeout 20 xdotool search --sync --onlyvisible --name '^Pinecove$' | head -n 1) || true
+# The panel, not the tray item (which carries the same name): the window 360 wide.
+panel_window() {
+    for candidate in $(xdotool search --onlyvisible --name '^Pinecove$' 2>/dev/null); do
+        if xdotool getwindowgeometry --shell "$candidate" | grep -qx 'WIDTH=360'; then
+            echo "$candidate"
+            return
+        fi
+    done
+}
+for _ in $(seq 100); do
+    window=$(panel_window)
+    [ -n "$window" ] && break
+    sleep 0.2
+done
 [ -n "$window" ] || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
 xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
 sleep 0.5

@@ -25,6 +25,7 @@ PanelFixture::PanelFixture(const std::string& hostsText) {
     environment.runner = runner_;
     store_ = std::make_unique<HostsStore>(environment);
 
+    usePanelRenderer(); // as the app draws
     view_ = std::make_unique<QQuickView>();
     setUpPanelEngine(*view_->engine(), *store_);
     view_->setColor(Qt::transparent);

@@ -18,7 +18,10 @@ class Setup : public QObject {
     Q_OBJECT
 
 public slots:
-    void applicationAvailable() { QStandardPaths::setTestModeEnabled(true); }
+    void applicationAvailable() {
+        QStandardPaths::setTestModeEnabled(true);
+        usePanelRenderer();
+    }
 
     void qmlEngineAvailable(QQmlEngine* engine) {
         const QString path = dir_.filePath(QStringLiteral("hosts"));
