@@ -9,6 +9,20 @@ Rectangle {
 
     implicitHeight: layout.implicitHeight + 18
     color: Theme.alpha(Theme.orange, 0.08)
+    transform: Translate {
+        id: shift
+    }
+    onVisibleChanged: {
+        if (visible)
+            entrance.restart();
+    }
+
+    EntranceAnimation {
+        id: entrance
+
+        target: bar
+        shift: shift
+    }
 
     RowLayout {
         id: layout

@@ -10,6 +10,20 @@ Rectangle {
 
     implicitHeight: layout.implicitHeight + 16
     color: Theme.alpha(Theme.red, 0.08)
+    transform: Translate {
+        id: shift
+    }
+    onVisibleChanged: {
+        if (visible)
+            entrance.restart();
+    }
+
+    EntranceAnimation {
+        id: entrance
+
+        target: banner
+        shift: shift
+    }
 
     RowLayout {
         id: layout
