@@ -8,7 +8,12 @@
 #include <QSGRendererInterface>
 
 void usePanelRenderer() {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    // Once chosen it holds for the process; asking again after a window exists only warns.
+    static const bool chosen = [] {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        return true;
+    }();
+    (void)chosen;
 }
 
 void setUpPanelEngine(QQmlEngine& engine, HostsStore& store) {
