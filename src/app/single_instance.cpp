@@ -1,6 +1,7 @@
 #include "single_instance.h"
 
 #include <QLocalSocket>
+#include <QStandardPaths>
 #include <unistd.h>
 
 SingleInstance::SingleInstance()
