@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace pinecove {
@@ -9,13 +8,6 @@ namespace pinecove {
 
 constexpr char asciiLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-inline std::string asciiLowercased(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        c = asciiLower(c);
-    return lower;
 }
 
 // Whether `text` lower-cased equals `lower`, without building the lower-cased copy.
