@@ -55,6 +55,14 @@ fail() {
 display=120
 while [ -e "/tmp/.X11-unix/X$display" ] || [ -e "/tmp/.X$display-lock" ]; do display=$((display + 1)); done
 export DISPLAY=":$display" XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
+# Polls for a condition for up to ten seconds: fixed sleeps fail on a busy machine.
+wait_for() {
+    for _ in $(seq 100); do
+        "$@" && return 0
+        sleep 0.1
+    done
+    return 1
+}
 pids=()
 # Stop everything and wait for it, so that the next run starts alone.
 trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
@@ -72,8 +80,10 @@ fi
 "$app" >"$work/app.log" 2>&1 &
 pids+=($!)
 if [ "$mode" = tray ]; then
-    # The item sits in the tray; a second start asks the running Pinecove to open its panel.
-    sleep 2
+    # The item sits in the tray (it shows once Pinecove listens for later starts); a second
+    # start asks the running Pinecove to open its panel.
+    tray_item_shown() { xdotool search --onlyvisible --class pinecove >/dev/null 2>&1; }
+    wait_for tray_item_shown || fail "no tray item appeared"
     "$app" || fail "the second start did not hand over"
 fi
 # The panel, not the tray item (which carries the same name): the window 360 wide.
@@ -94,6 +104,9 @@ done
 xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
 sleep 0.5
 height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
+taller_than() { [ "$(height)" -gt "$1" ]; }
+shorter_than() { [ "$(height)" -lt "$1" ]; }
+ends_with_new_line() { [ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ]; }
 clean_height=$(height)
 
 # Into the input field at the bottom of the panel, as a user would click.
@@ -101,23 +114,17 @@ xdotool mousemove --window "$window" 180 $((clean_height - 28)) click 1
 sleep 0.3
 xdotool type --delay 40 "myapp.test"
 xdotool key Return
-sleep 0.5
+wait_for taller_than "$clean_height" || fail "no apply bar after Return (height stays $(height))"
+sleep 0.3 # the bar's entrance
 dirty_height=$(height)
-[ "$dirty_height" -gt "$clean_height" ] || fail "no apply bar after Return ($clean_height -> $dirty_height)"
 xdotool key ctrl+Return
 
-for _ in $(seq 100); do
-    [ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ] && break
-    sleep 0.1
-done
-[ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ] ||
-    fail "/etc/hosts does not end with the new line:$(printf '\n')$(cat /etc/hosts)"
+wait_for ends_with_new_line || fail "/etc/hosts does not end with the new line:$(printf '\n')$(cat /etc/hosts)"
 cmp -s <(head -n 5 /etc/hosts) "$work/original-hosts" || fail "the other lines changed"
 ls "$XDG_DATA_HOME"/Pinecove/Backups/hosts_* >/dev/null 2>&1 || fail "no backup was made"
 cmp -s "$(ls "$XDG_DATA_HOME"/Pinecove/Backups/hosts_* | head -n 1)" "$work/original-hosts" ||
     fail "the backup does not hold the old file"
-for _ in $(seq 50); do [ "$(height)" -lt "$dirty_height" ] && break; sleep 0.1; done
-[ "$(height)" -lt "$dirty_height" ] || fail "the panel still shows unapplied changes"
+wait_for shorter_than "$dirty_height" || fail "the panel still shows unapplied changes"
 
 mkdir -p "$shots"
 import -window "$window" "$shots/acceptance-$mode.png"
