@@ -15,14 +15,12 @@ TrayItem::TrayItem(HostsStore& store, PanelWindow& panel)
                     panel.toggleAt(icon_.geometry().isValid() ? icon_.geometry()
                                                               : QRect(QCursor::pos(), QSize(1, 1)));
             });
-    shownDirty_ = !store_.isDirty(); // so that follow() sets the first image
-    follow();
+    follow(store_.isDirty());
 }
 
-void TrayItem::follow() {
-    // The dirty test itself, afresh on every change of the store.
-    const bool dirty = store_.isDirty();
-    if (dirty == shownDirty_)
+// `dirty` is the store's dirty test, made afresh for every change it announces.
+void TrayItem::follow(bool dirty) {
+    if (shownDirty_ == dirty)
         return;
     shownDirty_ = dirty;
     icon_.setIcon(dirty ? MenuBarIcon::dirty() : MenuBarIcon::normal());

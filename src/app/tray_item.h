@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QSystemTrayIcon>
+#include <optional>
 
 class HostsStore;
 class PanelWindow;
@@ -16,9 +17,9 @@ public:
     void show() { icon_.show(); }
 
 private:
-    void follow();
+    void follow(bool dirty);
 
     HostsStore& store_;
     QSystemTrayIcon icon_;
-    bool shownDirty_ = false;
+    std::optional<bool> shownDirty_; // none until the first image is set
 };

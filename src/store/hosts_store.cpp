@@ -69,7 +69,7 @@ void HostsStore::load() {
     emit baselineChanged();
     emit customEntriesReset();
     emit systemEntriesReset();
-    emit dirtyChanged();
+    announceDirty();
     setLastError(std::nullopt);
 }
 
@@ -82,7 +82,7 @@ void HostsStore::toggle(const Uuid& id) {
             emit customEntryMoved(moved->first, moved->second);
         emit customEntryChanged(moved->second);
     }
-    emit dirtyChanged();
+    announceDirty();
 }
 
 void HostsStore::remove(const Uuid& id) {
@@ -92,7 +92,7 @@ void HostsStore::remove(const Uuid& id) {
     emit orderChanged();
     if (const auto at = customOrder_.removed(id))
         emit customEntryRemoved(*at);
-    emit dirtyChanged();
+    announceDirty();
 }
 
 bool HostsStore::add(const std::string& ip, const std::vector<std::string>& hostnames) {
@@ -107,7 +107,7 @@ bool HostsStore::add(const std::string& ip, const std::vector<std::string>& host
         emit systemEntriesReset();
     else
         emit customEntryInserted(customOrder_.added(entry));
-    emit dirtyChanged();
+    announceDirty();
     return true;
 }
 

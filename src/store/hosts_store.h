@@ -83,8 +83,9 @@ signals:
     void baselineChanged();
     void isApplyingChanged();
     void lastErrorChanged();
-    // After any change that may change isDirty().
-    void dirtyChanged();
+    // After every change that may change isDirty(), carrying its new value: the whole-text
+    // comparison is made once here, not once per listener.
+    void dirtyChanged(bool isDirty);
     // The custom list, in detail, so that views can animate rows instead of resetting.
     void customEntriesReset();
     void customEntryMoved(int from, int to);
@@ -98,6 +99,7 @@ signals:
 private:
     template <typename Visit> void forEachEntryInOrder(Visit&& visit) const;
     std::optional<std::string> readHostsFile() const;
+    void announceDirty() { emit dirtyChanged(isDirty()); }
     void setApplying(bool applying);
     void setLastError(std::optional<QString> error);
     void finishApply(std::optional<QString> error);

@@ -45,17 +45,17 @@ PanelStore::PanelStore(HostsStore* store, QObject* parent)
     , store_(store)
     , custom_(store, EntryListModel::Kind::Custom)
     , system_(store, EntryListModel::Kind::System) {
-    refresh();
+    refresh(store_->isDirty());
     connect(store_, &HostsStore::dirtyChanged, this, &PanelStore::refresh);
     connect(store_, &HostsStore::isApplyingChanged, this, &PanelStore::isApplyingChanged);
     connect(store_, &HostsStore::lastErrorChanged, this, &PanelStore::lastErrorChanged);
 }
 
-void PanelStore::refresh() {
+void PanelStore::refresh(bool isDirty) {
     const int custom = store_->customOrder().size();
     subtitle_ = QString::fromStdString(
         panelSubtitle(custom, custom == 0 ? 0 : store_->activeCustomCount()));
-    isDirty_ = store_->isDirty();
+    isDirty_ = isDirty;
     emit changed();
 }
 
@@ -103,7 +103,7 @@ void PanelStore::load() {
 }
 
 void PanelStore::reloadIfClean() {
-    if (!store_->isDirty())
+    if (!isDirty_) // as of the store's last change, which is now
         store_->load();
 }
 

@@ -60,7 +60,7 @@ signals:
 
 private:
     // Several bindings read these after every edit; each edit computes them once.
-    void refresh();
+    void refresh(bool isDirty);
 
     HostsStore* store_;
     QString subtitle_;

@@ -190,6 +190,9 @@ private slots:
         store->toggle(beta);
         QVERIFY(!store->isDirty());
         QCOMPARE(dirty.count(), 2);
+        // Each announcement carries the dirty test as it stands after that change.
+        QCOMPARE(dirty.at(0).at(0).toBool(), true);
+        QCOMPARE(dirty.at(1).at(0).toBool(), false);
     }
 
     void lockedAndStaleIdsChangeNothing() {
