@@ -19,7 +19,7 @@ if [ "${4:-}" != "--inside" ]; then
     [ "$(id -u)" -eq 0 ] || skip "the acceptance test needs root (it writes /etc/hosts in a private namespace)"
     unshare --mount --propagation private true 2>/dev/null ||
         skip "private mount namespaces are unavailable here"
-    for tool in Xvfb xdotool xdpyinfo import; do
+    for tool in Xvfb xdotool import; do
         command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
     done
     [ "$mode" = window ] || command -v trayer >/dev/null || skip "no tray host (trayer) is installed"
@@ -52,9 +52,9 @@ fail() {
     exit 1
 }
 
-display=120
-while [ -e "/tmp/.X11-unix/X$display" ] || [ -e "/tmp/.X$display-lock" ]; do display=$((display + 1)); done
-export DISPLAY=":$display" XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
+export XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
+# shellcheck source=../../scripts/xvfb.sh
+. "$(dirname "$0")/../../scripts/xvfb.sh"
 # Polls for a condition for up to ten seconds: fixed sleeps fail on a busy machine.
 wait_for() {
     for _ in $(seq 100); do
@@ -66,10 +66,8 @@ wait_for() {
 pids=()
 # Stop everything and wait for it, so that the next run starts alone.
 trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
-Xvfb "$DISPLAY" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
-xdpyinfo >/dev/null 2>&1 || fail "Xvfb did not start"
+start_xvfb "$work" || fail "Xvfb did not start"
+pids+=("$XVFB_PID")
 
 if [ "$mode" = tray ]; then
     trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
