@@ -3,11 +3,17 @@ import QtQuick.Controls
 import Pinecove
 
 // The custom entries (or the empty state), then the system section. Only the rows in view
-// exist, so a block list of 200,000 entries scrolls as lightly as a short one.
+// exist, so a block list of 200,000 entries scrolls as lightly as a short one. Delegates are not
+// reused: a pooled row could come back from a removal mid-transition, drawn over its neighbour
+// or left at opacity 0 yet still taking clicks.
 ListView {
     id: list
 
     property bool systemExpanded: false
+    // The row a click last toggled, and when: a toggle moves its row to its sorted place, so
+    // the second click of a double-click would land on whichever row moved under the pointer.
+    property string lastClickedId: ""
+    property double lastClickTime: 0
     readonly property int padding: 8
     readonly property real maxHeight: 380
 
@@ -21,10 +27,19 @@ ListView {
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     model: Store.customEntries
-    reuseItems: true
     keyNavigationEnabled: true
     highlightFollowsCurrentItem: false
     currentIndex: -1
+
+    function acceptsClickOn(entryId) {
+        const now = Date.now();
+        const repeat = now - lastClickTime < Qt.styleHints.mouseDoubleClickInterval;
+        if (repeat && entryId !== lastClickedId)
+            return false;
+        lastClickedId = entryId;
+        lastClickTime = now;
+        return true;
+    }
 
     delegate: EntryRow {
         width: list.width - 2 * list.padding

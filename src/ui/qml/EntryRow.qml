@@ -85,7 +85,11 @@ FocusScope {
 
             TapHandler {
                 enabled: !row.system
-                onTapped: row.toggle()
+                onTapped: {
+                    const list = row.ListView.view;
+                    if (!list || list.acceptsClickOn(row.entryId))
+                        row.toggle();
+                }
             }
 
             RowLayout {
