@@ -40,6 +40,8 @@ QAccessibleInterface* EntryRowAccessible::parent() const {
 QAccessible::State EntryRowAccessible::state() const {
     QAccessible::State state;
     state.focusable = true;
+    state.checkable = true;
+    state.checked = control()->value() == QLatin1String("on");
     state.focused = control()->hasActiveFocus();
     state.disabled = control()->locked();
     state.invisible = !control()->isVisible();

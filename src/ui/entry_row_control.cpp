@@ -5,6 +5,6 @@
 EntryRowControl::EntryRowControl(QQuickItem* parent)
     : QQuickItem(parent) {
     EntryRowAccessible::installFactory();
-    setActiveFocusOnTab(true);
+    setActiveFocusOnTab(false); // the list is the Tab stop; Up and Down move between rows
     setAcceptedMouseButtons(Qt::NoButton); // clicks are the QML handlers' business
 }

@@ -81,6 +81,8 @@ private slots:
         QCOMPARE(iface->role(), QAccessible::Button);
         QCOMPARE(iface->text(QAccessible::Name), label);
         QCOMPARE(iface->text(QAccessible::Value), value);
+        QVERIFY(iface->state().checkable); // AT-SPI has no text value: "on" reads as checked
+        QCOMPARE(bool(iface->state().checked), value == QStringLiteral("on"));
         QCOMPARE(iface->text(QAccessible::Description), hint);
         QCOMPARE(bool(iface->state().disabled), disabled);
         QVERIFY(iface->parent());
@@ -120,6 +122,22 @@ private slots:
         actions->doAction(QAccessibleActionInterface::pressAction());
         actions->doAction(QStringLiteral("Remove"));
         QCOMPARE(fixture.store().serialized(), before);
+    }
+
+    // What a screen reader's press does, on the bar's buttons: Apply writes, Discard reloads.
+    void theBarsButtonsCanBePressed() {
+        PanelFixture fixture(hosts);
+        fixture.view().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        for (const char* name : {"discardButton", "applyButton"}) {
+            fixture.store().toggle(fixture.store().customEntries().front().id());
+            QVERIFY(fixture.store().isDirty());
+            auto* button = fixture.panel()->findChild<QQuickItem*>(QLatin1String(name));
+            QVERIFY(button);
+            QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+                QAccessibleActionInterface::pressAction());
+            QTRY_VERIFY2(!fixture.store().isDirty(), name);
+        }
     }
 };
 

@@ -7,14 +7,33 @@ import Pinecove
 Rectangle {
     id: bar
 
+    // Whether there are unapplied edits, and whether the change came from a row's toggle or
+    // removal: only then does the bar rise or sink with the row's animation.
+    property bool shown: false
+    property bool followRow: false
+
     implicitHeight: layout.implicitHeight + 18
     color: Theme.alpha(Theme.orange, 0.08)
+    visible: false
     transform: Translate {
         id: shift
     }
-    onVisibleChanged: {
-        if (visible)
-            entrance.restart();
+    Component.onCompleted: visible = shown
+    onShownChanged: {
+        entrance.stop();
+        exit.stop();
+        const animate = followRow && !Desktop.reduceMotion;
+        opacity = 1;
+        shift.y = 0;
+        if (shown) {
+            visible = true;
+            if (animate)
+                entrance.restart();
+        } else if (animate) {
+            exit.restart();
+        } else {
+            visible = false;
+        }
     }
 
     EntranceAnimation {
@@ -22,6 +41,33 @@ Rectangle {
 
         target: bar
         shift: shift
+    }
+
+    SequentialAnimation {
+        id: exit
+
+        ParallelAnimation {
+            NumberAnimation {
+                target: bar
+                property: "opacity"
+                to: 0
+                duration: Theme.motion(0.15)
+            }
+
+            NumberAnimation {
+                target: shift
+                property: "y"
+                to: 8
+                duration: Theme.motion(0.15)
+                easing.type: Easing.InCubic
+            }
+        }
+
+        PropertyAction {
+            target: bar
+            property: "visible"
+            value: false
+        }
     }
 
     RowLayout {
@@ -44,6 +90,8 @@ Rectangle {
             color: Theme.secondary
             font.pixelSize: Theme.captionSize
             font.weight: Font.Medium
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
         Item {
@@ -51,10 +99,15 @@ Rectangle {
         }
 
         AbstractButton {
+            id: discardButton
+
             objectName: "discardButton"
             implicitWidth: discardText.implicitWidth
             implicitHeight: discardText.implicitHeight
+            focusPolicy: Qt.TabFocus
             Accessible.name: "Discard"
+            // Qt 6.4 does not route a screen reader's press to a Quick button by itself.
+            Accessible.onPressAction: clicked()
             onClicked: Store.load()
 
             contentItem: Text {
@@ -65,6 +118,10 @@ Rectangle {
                 font.pixelSize: Theme.captionSize
                 font.weight: Font.Medium
             }
+
+            FocusRing {
+                visible: discardButton.visualFocus
+            }
         }
 
         AbstractButton {
@@ -74,7 +131,9 @@ Rectangle {
             enabled: !Store.isApplying
             implicitWidth: applyLabel.implicitWidth + 24
             implicitHeight: applyLabel.implicitHeight + 10
+            focusPolicy: Qt.TabFocus
             Accessible.name: Store.isApplying ? "Applying changes" : "Apply changes"
+            Accessible.onPressAction: clicked()
             onClicked: Store.apply()
             ToolTip.visible: hovered
             ToolTip.text: Theme.applyTooltip
@@ -102,6 +161,7 @@ Rectangle {
                     anchors.centerIn: parent
                     spacing: 5
 
+                    // All of the button's content is white, the spinner too.
                     BusyIndicator {
                         objectName: "applySpinner"
                         visible: Store.isApplying
@@ -109,6 +169,8 @@ Rectangle {
                         implicitWidth: 10
                         implicitHeight: 10
                         padding: 0
+                        palette.text: "white"
+                        palette.dark: "white"
                     }
 
                     Text {
@@ -118,6 +180,11 @@ Rectangle {
                         font.weight: Font.DemiBold
                     }
                 }
+            }
+
+            FocusRing {
+                radius: height / 2 + 2
+                visible: applyButton.visualFocus
             }
         }
     }

@@ -14,6 +14,9 @@ ListView {
     // the second click of a double-click would land on whichever row moved under the pointer.
     property string lastClickedId: ""
     property double lastClickTime: 0
+    // True during an edit made from a row: the apply bar then follows the row's animation, and
+    // comes or goes at once for anything else (an add, Discard, an apply).
+    property bool rowEditing: false
     readonly property int padding: 8
     readonly property real maxHeight: 380
 
@@ -28,8 +31,22 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     model: Store.customEntries
     keyNavigationEnabled: true
+    activeFocusOnTab: count > 0
+    onActiveFocusChanged: {
+        if (activeFocus && currentIndex < 0)
+            currentIndex = 0;
+        if (activeFocus)
+            positionViewAtIndex(currentIndex, ListView.Contain);
+    }
     highlightFollowsCurrentItem: false
     currentIndex: -1
+
+    // Tab leaves the list for the next control, Shift+Tab for the one before it.
+    function leave(forward) {
+        const next = nextItemInFocusChain(forward);
+        if (next)
+            next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
 
     function acceptsClickOn(entryId) {
         const now = Date.now();

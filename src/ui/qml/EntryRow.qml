@@ -25,13 +25,25 @@ FocusScope {
     readonly property alias contextMenu: contextMenu
 
     function toggle() {
-        if (!system)
-            Store.toggle(entryId);
+        if (system)
+            return;
+        asRowEdit(() => Store.toggle(entryId));
     }
 
     function remove() {
-        if (!system)
-            Store.remove(entryId);
+        if (system)
+            return;
+        asRowEdit(() => Store.remove(entryId));
+    }
+
+    // Lets the apply bar know that this edit came from a row, whose animation it follows.
+    function asRowEdit(edit) {
+        const list = ListView.view;
+        if (list)
+            list.rowEditing = true;
+        edit();
+        if (list)
+            list.rowEditing = false;
     }
 
     implicitHeight: layout.implicitHeight + 14
@@ -45,6 +57,13 @@ FocusScope {
         anchors.fill: parent
         radius: 8
         color: row.hovered ? Theme.alpha(Theme.label, 0.06) : "transparent"
+    }
+
+    FocusRing {
+        objectName: "focusRing"
+        inset: 1
+        radius: 8
+        visible: mainControl.activeFocus
     }
 
     RowLayout {
@@ -82,6 +101,9 @@ FocusScope {
             Keys.onSpacePressed: row.toggle()
             Keys.onReturnPressed: row.toggle()
             Keys.onDeletePressed: row.remove()
+            // The list is one stop in the Tab order; Up and Down move between its rows.
+            Keys.onTabPressed: row.ListView.view.leave(true)
+            Keys.onBacktabPressed: row.ListView.view.leave(false)
 
             TapHandler {
                 enabled: !row.system
@@ -116,22 +138,27 @@ FocusScope {
                         spacing: 5
                         Layout.fillWidth: true
 
+                        // Never wider than it needs, so a title that fits is never cut; a long
+                        // one gives way before the badge does.
                         Text {
+                            objectName: "titleText"
                             text: row.title
                             color: row.enabled ? Theme.primary : Theme.secondary
                             font.pixelSize: Theme.calloutSize
                             font.weight: Font.Medium
                             elide: Text.ElideRight
-                            Layout.fillWidth: badgeChip.visible ? false : true
-                            Layout.maximumWidth: content.width - 23 - (badgeChip.visible ? badgeChip.width + 5 : 0)
+                            Layout.fillWidth: true
+                            Layout.maximumWidth: Math.ceil(implicitWidth)
                         }
 
                         Rectangle {
                             id: badgeChip
 
+                            objectName: "badge"
                             visible: row.badge !== ""
                             implicitWidth: badgeText.implicitWidth + 8
                             implicitHeight: badgeText.implicitHeight + 2
+                            Layout.minimumWidth: implicitWidth
                             radius: height / 2
                             color: Theme.alpha(Theme.label, 0.08)
 
@@ -155,11 +182,12 @@ FocusScope {
                         }
 
                         Item {
-                            Layout.fillWidth: badgeChip.visible
+                            Layout.fillWidth: true
                         }
                     }
 
                     Text {
+                        objectName: "addressText"
                         text: row.address
                         color: Theme.secondary
                         font.pixelSize: Theme.captionSize
@@ -184,6 +212,7 @@ FocusScope {
 
             objectName: "removeButton"
             visible: !row.system && row.hovered
+            focusPolicy: Qt.NoFocus // the Delete key covers it
             implicitWidth: 18
             implicitHeight: 18
             Accessible.ignored: true // the row's "Remove" action covers it
@@ -211,13 +240,14 @@ FocusScope {
 
         objectName: "contextMenu"
 
-        MenuItem {
+        MenuAction {
             text: row.enabled ? "Turn Off" : "Turn On"
             onTriggered: row.toggle()
         }
 
-        MenuItem {
+        MenuAction {
             text: "Remove"
+            destructive: true
             onTriggered: row.remove()
         }
     }

@@ -10,6 +10,11 @@ Rectangle {
 
     implicitHeight: layout.implicitHeight + 16
     color: Theme.alpha(Theme.red, 0.08)
+    // A stop in the Tab order, so a screen reader reaches the whole message even when the
+    // screen shows it cut to two lines.
+    activeFocusOnTab: true
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: message
     transform: Translate {
         id: shift
     }
@@ -23,6 +28,11 @@ Rectangle {
 
         target: banner
         shift: shift
+    }
+
+    FocusRing {
+        inset: 2
+        visible: banner.activeFocus
     }
 
     RowLayout {
@@ -47,6 +57,7 @@ Rectangle {
             maximumLineCount: 2
             elide: Text.ElideRight
             Layout.fillWidth: true
+            Accessible.ignored: true // the banner itself carries the whole message
         }
     }
 }

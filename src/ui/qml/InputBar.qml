@@ -11,6 +11,12 @@ ColumnLayout {
     property alias text: field.text
     readonly property var parsed: Store.preview(field.text)
     readonly property bool parses: parsed.ip !== undefined
+    // What the chips show: the last text that parsed, kept while the row fades out.
+    property var shownParse: ({})
+    onParsedChanged: {
+        if (parses)
+            shownParse = parsed;
+    }
 
     function addEntry() {
         if (parses && Store.add(field.text))
@@ -22,14 +28,17 @@ ColumnLayout {
     Flow {
         id: preview
 
+        // Comes and goes with a fade while the space it takes grows or shrinks.
         objectName: "preview"
-        visible: bar.parses
+        visible: opacity > 0
         spacing: 5
+        clip: true
         Layout.fillWidth: true
         Layout.leftMargin: 12
         Layout.rightMargin: 12
-        Layout.topMargin: 12
-        opacity: visible ? 1 : 0
+        Layout.topMargin: 12 * opacity
+        Layout.preferredHeight: implicitHeight * opacity
+        opacity: bar.parses ? 1 : 0
 
         Behavior on opacity  {
             NumberAnimation {
@@ -39,12 +48,12 @@ ColumnLayout {
 
         Chip {
             objectName: "ipChip"
-            text: bar.parses ? bar.parsed.ip : ""
+            text: bar.shownParse.ip ?? ""
             tint: Theme.teal
         }
 
         Repeater {
-            model: bar.parses ? bar.parsed.hosts : []
+            model: bar.shownParse.hosts ?? []
 
             delegate: Chip {
                 required property string modelData
@@ -59,13 +68,13 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.leftMargin: 12
         Layout.rightMargin: 12
-        Layout.topMargin: bar.parses ? 0 : 12
+        Layout.topMargin: 12 * (1 - preview.opacity)
         Layout.bottomMargin: 12
         implicitHeight: fieldRow.implicitHeight + 16
         radius: 8
         color: Theme.alpha(Theme.label, 0.05)
-        border.width: 1
-        border.color: bar.parses ? Theme.alpha(Theme.green, 0.4) : Theme.alpha(Theme.label, 0.08)
+        border.width: field.activeFocus ? 2 : 1
+        border.color: field.activeFocus ? Theme.focus : bar.parses ? Theme.alpha(Theme.green, 0.4) : Theme.alpha(Theme.label, 0.08)
 
         RowLayout {
             id: fieldRow

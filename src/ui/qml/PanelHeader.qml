@@ -33,6 +33,8 @@ RowLayout {
             text: Store.subtitle
             color: Theme.secondary
             font.pixelSize: Theme.captionSize
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
 
@@ -46,7 +48,10 @@ RowLayout {
         objectName: "moreActions"
         implicitWidth: 18
         implicitHeight: 18
+        focusPolicy: Qt.TabFocus
         Accessible.name: "More actions"
+        // Qt 6.4 does not route a screen reader's press to a Quick button by itself.
+        Accessible.onPressAction: clicked()
         onClicked: menu.open()
 
         contentItem: Symbol {
@@ -55,23 +60,32 @@ RowLayout {
             tint: Theme.secondary
         }
 
+        FocusRing {
+            radius: width / 2 + 2
+            visible: moreButton.visualFocus
+        }
+
+        // Kept inside the panel's window: it opens below the button and is moved left, never
+        // cut at the window's edge.
         Menu {
             id: menu
 
             objectName: "moreActionsMenu"
             y: moreButton.height + 4
+            margins: 4
 
-            MenuItem {
+            MenuAction {
                 text: "Refresh"
+                hint: Theme.refreshHint
                 onTriggered: Store.load()
             }
 
-            MenuItem {
+            MenuAction {
                 text: "Open hosts file in editor"
                 onTriggered: Store.openHostsInEditor()
             }
 
-            MenuItem {
+            MenuAction {
                 text: Theme.revealBackupsText
                 onTriggered: Store.revealBackups()
             }
@@ -79,8 +93,9 @@ RowLayout {
             MenuSeparator {
             }
 
-            MenuItem {
+            MenuAction {
                 text: "Quit Pinecove"
+                hint: Theme.quitHint
                 onTriggered: Store.quit()
             }
         }

@@ -63,7 +63,8 @@ Item {
 
         ApplyBar {
             objectName: "applyBar"
-            visible: Store.isDirty
+            shown: Store.isDirty
+            followRow: entryList.rowEditing
             Layout.fillWidth: true
         }
 

@@ -34,6 +34,12 @@ ColumnLayout {
             onTapped: toggle.flip()
         }
 
+        FocusRing {
+            inset: 1
+            radius: 8
+            visible: toggle.activeFocus
+        }
+
         RowLayout {
             id: header
 
@@ -82,11 +88,42 @@ ColumnLayout {
         }
     }
 
-    Repeater {
-        model: section.expanded ? Store.systemEntries : null
+    // The rows open and close with the chevron's spring: the clip grows to their height.
+    Item {
+        id: rowsClip
 
-        delegate: EntryRow {
-            Layout.fillWidth: true
+        Layout.fillWidth: true
+        Layout.preferredHeight: section.expanded ? rows.implicitHeight : 0
+        visible: Layout.preferredHeight > 0
+        clip: true
+        opacity: section.expanded ? 1 : 0
+
+        Behavior on Layout.preferredHeight  {
+            NumberAnimation {
+                duration: Theme.motion(0.2)
+                easing.type: Easing.OutCubic
+            }
+        }
+
+        Behavior on opacity  {
+            NumberAnimation {
+                duration: Theme.motion(0.2)
+            }
+        }
+
+        ColumnLayout {
+            id: rows
+
+            width: rowsClip.width
+            spacing: 2
+
+            Repeater {
+                model: section.expanded || rowsClip.visible ? Store.systemEntries : null
+
+                delegate: EntryRow {
+                    Layout.fillWidth: true
+                }
+            }
         }
     }
 }

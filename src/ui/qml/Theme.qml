@@ -24,6 +24,9 @@ QtObject {
     readonly property color tertiary: alpha(label, dark ? 0.25 : 0.26)
     readonly property color separator: alpha(label, 0.4 * (dark ? 0.25 : 0.2))
     readonly property color panelFill: dark ? Qt.rgba(0.17, 0.17, 0.18, 0.93) : Qt.rgba(0.96, 0.96, 0.97, 0.93)
+    // Keyboard focus and the highlighted menu item, in the desktop's own colours.
+    readonly property color focus: palette.highlight
+    readonly property color focusText: palette.highlightedText
     readonly property color panelEdge: alpha(label, dark ? 0.16 : 0.1)
 
     readonly property int headlineSize: 13
@@ -33,6 +36,8 @@ QtObject {
 
     // The platform's own words where the text names a platform thing.
     readonly property string revealBackupsText: Desktop.isMac ? "Show backups in Finder" : "Show backups in file manager"
+    readonly property string refreshHint: Desktop.isMac ? "\u2318R" : "Ctrl+R"
+    readonly property string quitHint: Desktop.isMac ? "\u2318Q" : "Ctrl+Q"
     readonly property string applyTooltip: Desktop.isMac ? "Apply changes (\u2318\u21A9)" : "Apply changes (Ctrl+Return)"
 
     function alpha(c, a) {

@@ -175,6 +175,53 @@ TestCase {
         compare(Store.subtitle, "2 active \u00B7 1 off");
     }
 
+    function child(item, name) {
+        return findAll(item, c => c.objectName === name)[0];
+    }
+
+    function focusName() {
+        const f = panel.Window.activeFocusItem;
+        return f.objectName === "mainControl" ? f.parent.parent.title : f.objectName;
+    }
+
+    function test_tabFollowsTheVisualOrderWithAVisibleRing() {
+        mouseClick(mainControl(row("beta.test"))); // unsaved: the apply bar shows
+        named("moreActions").forceActiveFocus(Qt.TabFocusReason);
+        const order = [];
+        for (let i = 0; i < 6; ++i) {
+            keyClick(Qt.Key_Tab);
+            order.push(focusName());
+        }
+        compare(order, ["alpha.test", "systemToggle", "discardButton", "applyButton", "inputField", "moreActions"]);
+        keyClick(Qt.Key_Tab);
+        keyClick(Qt.Key_Down);
+        compare(focusName(), "beta.test");
+        const r = row("beta.test");
+        const edge = r.mapToItem(panel, 2, r.height / 2);
+        const image = grabImage(panel);
+        const seen = image.pixel(edge.x, edge.y);
+        verify(Math.abs(seen.r - Theme.focus.r) + Math.abs(seen.g - Theme.focus.g) + Math.abs(seen.b - Theme.focus.b) < 0.1, "ring drawn: " + seen);
+        keyClick(Qt.Key_Backtab);
+        compare(focusName(), "moreActions");
+    }
+
+    function test_longTitlesElideBeforeTheBadgeAndTheTrash() {
+        const longName = "a-very-long-hostname-that-cannot-possibly-fit.kubernetes.docker.internal";
+        TestHosts.reset("10.0.0.1 " + longName + " second.test\n127.0.0.1 kubernetes.docker.internal\n");
+        const r = row(longName);
+        const title = child(r, "titleText");
+        const badge = child(r, "badge");
+        mouseMove(r, r.width / 2, r.height / 2);
+        const trash = child(r, "removeButton");
+        tryCompare(trash, "visible", true);
+        waitForRendering(r);
+        verify(title.truncated);
+        const trashLeft = trash.mapToItem(r, 0, 0).x;
+        verify(title.mapToItem(r, title.width, 0).x <= badge.mapToItem(r, 0, 0).x);
+        verify(badge.mapToItem(r, badge.width, 0).x <= trashLeft, "badge clear of the trash");
+        verify(!child(row("kubernetes.docker.internal"), "titleText").truncated);
+    }
+
     function test_typingShowsAndHidesTheChips() {
         type("myapp.test");
         tryCompare(named("preview"), "visible", true);

@@ -1,0 +1,36 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Pinecove
+
+// A menu item in the panel's own type sizes, so a desktop theme with larger fonts cannot push
+// it past the panel's edge; it shows its shortcut, and a destructive one is drawn in red.
+MenuItem {
+    id: item
+
+    property string hint: ""
+    property bool destructive: false
+
+    font.pixelSize: Theme.calloutSize
+    implicitWidth: Math.max(implicitBackgroundWidth, label.implicitWidth + 24)
+
+    contentItem: RowLayout {
+        id: label
+
+        spacing: 16
+
+        Text {
+            text: item.text
+            font: item.font
+            color: item.highlighted ? Theme.focusText : item.destructive ? Theme.red : Theme.primary
+            Layout.fillWidth: true
+        }
+
+        Text {
+            visible: item.hint !== ""
+            text: item.hint
+            font: item.font
+            color: item.highlighted ? Theme.focusText : Theme.secondary
+        }
+    }
+}
