@@ -80,6 +80,37 @@ private slots:
         render(fixture, QStringLiteral("panel-error-apply-bar"));
     }
 
+    void afterAnimatedRemoval() {
+        PanelFixture fixture(fewEntries);
+        fixture.setDark(false);
+        fixture.view().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QMetaObject::invokeMethod(fixture.find("entryList"), "forceActiveFocus");
+        QTest::keyClick(&fixture.view(), Qt::Key_Delete);
+        render(fixture, QStringLiteral("panel-after-removal"));
+    }
+
+    void focusedRowAndLongName() {
+        PanelFixture fixture(fewEntries + "127.0.0.1\tan-extremely-long-hostname-for-a-preview-"
+                                          "environment.kubernetes.docker.internal extra.test\n");
+        fixture.setDark(false);
+        fixture.view().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QMetaObject::invokeMethod(fixture.find("entryList"), "forceActiveFocus");
+        render(fixture, QStringLiteral("panel-focus-long-name"));
+    }
+
+    void menuDark() {
+        PanelFixture fixture(fewEntries);
+        fixture.setDark(true);
+        fixture.view().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QQuickItem* more = fixture.find("moreActions");
+        QTest::mouseClick(&fixture.view(), Qt::LeftButton, {},
+                          more->mapToScene(QPointF(9, 9)).toPoint());
+        render(fixture, QStringLiteral("panel-menu-dark"));
+    }
+
     void applying() {
         PanelFixture fixture(fewEntries);
         fixture.setDark(true);

@@ -235,7 +235,7 @@ FocusScope {
         onTapped: contextMenu.popup()
     }
 
-    Menu {
+    PanelMenu {
         id: contextMenu
 
         objectName: "contextMenu"

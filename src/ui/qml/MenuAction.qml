@@ -14,6 +14,12 @@ MenuItem {
     font.pixelSize: Theme.calloutSize
     implicitWidth: Math.max(implicitBackgroundWidth, label.implicitWidth + 24)
 
+    background: Rectangle {
+        implicitHeight: 24
+        radius: 5
+        color: item.highlighted ? Theme.focus : "transparent"
+    }
+
     contentItem: RowLayout {
         id: label
 

@@ -45,6 +45,8 @@ RowLayout {
     AbstractButton {
         id: moreButton
 
+        readonly property alias menu: menu
+
         objectName: "moreActions"
         implicitWidth: 18
         implicitHeight: 18
@@ -67,12 +69,11 @@ RowLayout {
 
         // Kept inside the panel's window: it opens below the button and is moved left, never
         // cut at the window's edge.
-        Menu {
+        PanelMenu {
             id: menu
 
             objectName: "moreActionsMenu"
             y: moreButton.height + 4
-            margins: 4
 
             MenuAction {
                 text: "Refresh"
@@ -91,6 +92,10 @@ RowLayout {
             }
 
             MenuSeparator {
+                contentItem: Rectangle {
+                    implicitHeight: 1
+                    color: Theme.separator
+                }
             }
 
             MenuAction {

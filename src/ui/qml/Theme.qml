@@ -27,6 +27,7 @@ QtObject {
     // Keyboard focus and the highlighted menu item, in the desktop's own colours.
     readonly property color focus: palette.highlight
     readonly property color focusText: palette.highlightedText
+    readonly property color menuFill: dark ? "#2C2C2E" : "#FBFBFD"
     readonly property color panelEdge: alpha(label, dark ? 0.16 : 0.1)
 
     readonly property int headlineSize: 13

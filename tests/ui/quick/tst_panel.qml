@@ -205,6 +205,19 @@ TestCase {
         compare(focusName(), "moreActions");
     }
 
+    function test_moreActionsMenuFitsInsideThePanel() {
+        const more = named("moreActions");
+        mouseClick(more);
+        const menu = more.menu;
+        tryCompare(menu, "opened", true);
+        const left = menu.background.mapToItem(panel, 0, 0).x;
+        verify(left >= 0 && left + menu.width <= panel.width, "menu at " + left + ", " + menu.width + " wide");
+        for (let i = 0; i < menu.count; ++i)
+            verify(menu.itemAt(i).implicitWidth <= menu.availableWidth, menu.itemAt(i).text);
+        compare([menu.itemAt(0).hint, menu.itemAt(4).hint], ["Ctrl+R", "Ctrl+Q"]);
+        menu.close();
+    }
+
     function test_longTitlesElideBeforeTheBadgeAndTheTrash() {
         const longName = "a-very-long-hostname-that-cannot-possibly-fit.kubernetes.docker.internal";
         TestHosts.reset("10.0.0.1 " + longName + " second.test\n127.0.0.1 kubernetes.docker.internal\n");
