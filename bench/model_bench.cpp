@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Speed of the hosts model on a 200,000-mapping block list. Run: build/bench/model_bench
 
 #include "hosts_document.h"

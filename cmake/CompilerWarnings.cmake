@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # pinecove_set_warnings(target): the project's warning set, errors on request.
 function(pinecove_set_warnings target)
     if(MSVC)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Sourced by the scripts that need a virtual display.
 # start_xvfb DIR: starts Xvfb on a display number it picks itself, so it never races another
 # server for one; returns once the server accepts connections, with DISPLAY exported and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pinecove: edits the hosts file from the menu bar or system tray.
 
 #include "hosts_store.h"

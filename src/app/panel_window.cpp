@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "panel_window.h"
 
 #include "panel_engine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tray_item.h"
 
 #include "hosts_store.h"

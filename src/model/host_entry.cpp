@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host_entry.h"
 
 #include "ascii.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hosts_edits.h"
 
 #include "ascii.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hosts_parser.h"
 
 #include "whitespace.h"

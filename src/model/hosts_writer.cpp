@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hosts_writer.h"
 
 #include "whitespace.h"

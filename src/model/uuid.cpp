@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "uuid.h"
 
 #include "random_bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "whitespace.h"
 
 namespace pinecove {

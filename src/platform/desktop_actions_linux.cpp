@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop_actions.h"
 
 #include <QDesktopServices>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "backups.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hostname_collation.h"
 
 #include <QStringList>

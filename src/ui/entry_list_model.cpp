@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "entry_list_model.h"
 
 #include "entry_row_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "entry_row_accessible.h"
 
 #include "entry_row_control.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "entry_row_text.h"
 
 using namespace pinecove;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "symbol_image_provider.h"
 
 #include <QColor>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "write_script.h"
 
 #include "uuid.h"

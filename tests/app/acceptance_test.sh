@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool. Type
 # myapp.test, press Return, then Ctrl+Return; the hosts file must end with the new line, a backup
 # must exist, and the panel must be clean again (the apply bar gone).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "menu_bar_icon.h"
 
 #include <QDir>

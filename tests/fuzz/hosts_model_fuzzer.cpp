@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Feeds arbitrary bytes to the hosts model: nothing may crash, and every text the store would
 // accept (valid UTF-8) must keep the model's promises.
 

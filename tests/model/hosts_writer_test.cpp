@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hosts_document.h"
 #include "hosts_edits.h"
 #include "hosts_writer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model_invariants.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real apply, end to end: the store, the platform runner and the root script replace the
 // real path /etc/hosts. It runs as root inside a private mount namespace where a temporary
 // folder is bound over /etc, so the machine's own file is never touched.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "custom_order.h"
 #include "hosts_edits.h"
 

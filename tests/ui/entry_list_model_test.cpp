@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both lists under QAbstractItemModelTester while the store is edited at random: every move,
 // insert and remove must be announced exactly as the rows change.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Each row's main control, as a screen reader sees it through QAccessible.
 
 #include "entry_row_control.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Renders the panel in its main states to PNG files under the build folder, for review and for
 // the README. Each render is also checked for being drawn at the panel's size.
 

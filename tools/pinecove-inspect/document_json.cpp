@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document_json.h"
 
 #include <nlohmann/json.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "read_text.h"
 
 #include "utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs tst_*.qml against the real panel, a store over a temporary hosts file, and the fake
 // administrator runner.
 

@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Installs the built package for real and removes it again, inside a private mount namespace
+# whose /usr, /etc and /var are throwaway overlays, so the machine is left exactly as it was.
+# Checks that the app, the polkit action and the installed helper agree on the helper's path,
+# that the installed files pass their validators, and that removal takes every file away.
+set -euo pipefail
+
+skip() {
+    echo "SKIPPED: $*"
+    exit 77
+}
+
+if [ "${1:-}" != "--inside" ]; then
+    source_dir=$1
+    deb=$(find "$source_dir/dist" -name 'pinecove_*.deb' 2>/dev/null | sort -V | tail -n 1)
+    [ -n "$deb" ] || skip "no package in dist/ (scripts/package makes one; scripts/test does too)"
+    echo "lintian $(basename "$deb"):"
+    lintian --fail-on error "$deb" | sed 's/^/  /'
+    [ "$(id -u)" -eq 0 ] || skip "installing needs root, for a private mount namespace"
+    unshare --mount true 2>/dev/null || skip "private mount namespaces are not allowed here"
+    work=$(mktemp -d)
+    trap 'rm -rf "$work"' EXIT
+    exec unshare --mount --propagation private -- "$0" --inside "$deb" "$work"
+fi
+
+deb=$2
+work=$3
+for dir in usr etc var; do
+    mkdir -p "$work/$dir/upper" "$work/$dir/work"
+    mount -t overlay overlay -o "lowerdir=/$dir,upperdir=$work/$dir/upper,workdir=$work/$dir/work" \
+        "/$dir" || skip "overlay mounts are not allowed here"
+done
+
+fail() {
+    echo "FAILED: $*"
+    exit 1
+}
+
+DEBIAN_FRONTEND=noninteractive dpkg -i "$deb" >/dev/null
+helper=/usr/libexec/pinecove/pinecove-write-hosts
+policy=/usr/share/polkit-1/actions/io.pinecove.write-hosts.policy
+[ -x "$helper" ] || fail "no helper at $helper"
+# Qt keeps the literal as UTF-16.
+strings --encoding=l /usr/bin/pinecove | grep -qxF "$helper" || fail "the app does not call $helper"
+exec_path=$(xmllint --xpath 'string(//annotate[@key="org.freedesktop.policykit.exec.path"])' "$policy")
+[ "$exec_path" = "$helper" ] || fail "the polkit action names $exec_path"
+xmllint --noout "$policy"
+desktop-file-validate /usr/share/applications/io.pinecove.Pinecove.desktop
+appstreamcli validate --no-net --pedantic /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml >/dev/null ||
+    fail "$(appstreamcli validate --no-net /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml)"
+for page in pinecove pinecove-inspect; do
+    [ -f "/usr/share/man/man1/$page.1.gz" ] || fail "no man page $page(1)"
+done
+[ -f /usr/share/doc/pinecove/copyright ] || fail "no copyright file"
+answer=$(/usr/bin/pinecove-inspect --input myapp.test)
+[ "$answer" = '{"ip":"127.0.0.1","hosts":["myapp.test"]}' ] || fail "pinecove-inspect said $answer"
+
+installed=$(dpkg -L pinecove)
+dpkg --purge pinecove >/dev/null
+while IFS= read -r path; do
+    if [ -f "$path" ] || [ -L "$path" ]; then
+        fail "$path is left after removal"
+    fi
+done <<<"$installed"
+echo "installed, checked and removed $(basename "$deb")"
