@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panel on a 200,000-mapping block list, offscreen: opening it (reload on appearance
 // included) up to its first frame, and one toggle up to the redrawn frame.
 // Run: QT_QPA_PLATFORM=offscreen build/bench/panel_bench
@@ -19,7 +20,7 @@ namespace {
 
 class IdleRunner : public ScriptRunner {
 public:
-    void run(const std::string&, std::function<void(Outcome)>) override {}
+    void run(const WriteRequest&, std::function<void(Outcome)>) override {}
 };
 
 HostsStore& largeStore() {

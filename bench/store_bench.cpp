@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The store's edits on a 200,000-mapping block list: each edit, with the unapplied-edits test
 // and the refreshed custom order, must fit in one 16 ms frame. Run: build/bench/store_bench
 
@@ -14,7 +15,7 @@ namespace {
 // Never runs anything: the benchmarks measure edits, not writes.
 class IdleRunner : public ScriptRunner {
 public:
-    void run(const std::string&, std::function<void(Outcome)>) override {}
+    void run(const WriteRequest&, std::function<void(Outcome)>) override {}
 };
 
 std::unique_ptr<HostsStore> largeStore() {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hosts_store.h"
 
 #include "backups.h"
@@ -180,7 +181,7 @@ void HostsStore::apply() {
         return;
     }
     PrivilegedWriter::writeHostsFile(
-        serialized(), *environment_.runner,
+        serialized(), *loadedDiskText_, *environment_.runner,
         [this, alive = alive_](std::optional<PrivilegedWriter::WriteFailure> failure) {
             if (!*alive)
                 return;

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "custom_order.h"
 #include "hostname_collation.h"
 #include "hosts_document.h"
 #include "script_runner.h"
+#include "write_script.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -38,9 +40,9 @@ public:
     };
 
     inline static const QString readFailureMessage = QStringLiteral("Could not read /etc/hosts");
-    inline static const QString conflictMessage = QStringLiteral(
-        "The hosts file was changed by another app. Choose Refresh from the menu to load the "
-        "latest version, then apply again.");
+    inline static const QString conflictMessage =
+        QString::fromUtf8(PrivilegedWriter::conflictMessage.data(),
+                          static_cast<qsizetype>(PrivilegedWriter::conflictMessage.size()));
 
     explicit HostsStore(QObject* parent = nullptr);
     explicit HostsStore(Environment environment, QObject* parent = nullptr);

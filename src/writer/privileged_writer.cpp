@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "privileged_writer.h"
 
 #include <QTimer>
@@ -20,7 +21,7 @@ struct OutcomeToFailure {
 
 } // namespace
 
-void writeHostsFile(const std::string& text, ScriptRunner& runner,
+void writeHostsFile(const std::string& text, const std::string& expected, ScriptRunner& runner,
                     std::function<void(std::optional<WriteFailure>)> done) {
     if (isTooLarge(text)) {
         // Completed from the event loop, like every other outcome, so callers see one shape.
@@ -29,7 +30,7 @@ void writeHostsFile(const std::string& text, ScriptRunner& runner,
         });
         return;
     }
-    runner.run(writeScript(text, newDelimiter()),
+    runner.run(WriteRequest{text, expected},
                [done = std::move(done)](ScriptRunner::Outcome outcome) {
                    done(std::visit(OutcomeToFailure{}, outcome));
                });

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "script_runner.h"
@@ -16,9 +17,10 @@ struct WriteFailure {
     bool isWriteError = true;
 };
 
-// Replaces /etc/hosts with `text` through `runner`. Too large a text is refused before anything
-// runs. `done` is called exactly once, with nothing on success.
-void writeHostsFile(const std::string& text, ScriptRunner& runner,
+// Replaces /etc/hosts with `text` through `runner`, while it still holds `expected` (checked by
+// the Linux helper as root). Too large a text is refused before anything runs. `done` is called
+// exactly once, with nothing on success.
+void writeHostsFile(const std::string& text, const std::string& expected, ScriptRunner& runner,
                     std::function<void(std::optional<WriteFailure>)> done);
 
 } // namespace PrivilegedWriter

@@ -1,14 +1,17 @@
+// SPDX-License-Identifier: MIT
 #include "process_script_runner.h"
 
+#include "sealed_input.h"
 #include "write_script.h"
 
 #include <QFileInfo>
 #include <QProcess>
 #include <QStringDecoder>
+#include <QTimer>
 #include <unistd.h>
 
 ProcessScriptRunner::ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
-                                         std::function<std::string(const std::string&)> transform,
+                                         std::function<std::string(const WriteRequest&)> transform,
                                          std::optional<int> dismissedStatus)
     : program_(std::move(program))
     , arguments_(std::move(arguments))
@@ -32,12 +35,27 @@ std::string ProcessScriptRunner::dismissedMessage() {
            std::string(PrivilegedWriter::cancelMarker) + ")";
 }
 
-void ProcessScriptRunner::run(const std::string& script, std::function<void(Outcome)> done) {
+void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Outcome)> done) {
     auto* process = new QProcess();
-    const std::string payload = transform_ ? transform_(script) : script;
     QStringList arguments = arguments_;
-    if (delivery_ == Delivery::LastArgument)
-        arguments << QString::fromStdString(payload);
+    int input = -1;
+    if (delivery_ == Delivery::LastArgument) {
+        arguments << QString::fromStdString(transform_ ? transform_(request) : request.text);
+    } else {
+        arguments << QStringLiteral("--expected-size") << QString::number(request.expected.size())
+                  << QStringLiteral("--size") << QString::number(request.text.size());
+        input = sealedInput(request.expected, request.text);
+        if (input < 0) {
+            QTimer::singleShot(0, process, [process, done = std::move(done)] {
+                process->deleteLater();
+                done(NotStarted{"Could not hand the new hosts text to the helper."});
+            });
+            return;
+        }
+        // QProcess opens this path itself, read-only: the child's standard input is the sealed
+        // file, and no pipe stays open for anyone to write into while the prompt waits.
+        process->setStandardInputFile(QStringLiteral("/proc/self/fd/%1").arg(input));
+    }
     process->setProgram(program_);
     process->setArguments(arguments);
     // The prompt belongs to the system; nothing the child prints on standard output matters.
@@ -71,11 +89,19 @@ void ProcessScriptRunner::run(const std::string& script, std::function<void(Outc
             else
                 (*shared)(Failed{failureMessage(process->readAllStandardError())});
         });
-    process->start();
-    if (delivery_ == Delivery::StandardInput && process->state() != QProcess::NotRunning) {
-        process->write(payload.data(), static_cast<qint64>(payload.size()));
-        process->closeWriteChannel();
+    if (!QFileInfo(program_).isExecutable()) {
+        // Said before trying, so the user reads what to install rather than "execvp: …".
+        QTimer::singleShot(0, process, [program = program_, shared] {
+            (*shared)(NotStarted{program.toStdString() +
+                                 " is missing, so Pinecove cannot ask for the administrator "
+                                 "password. Install it (Debian: sudo apt install pkexec) and "
+                                 "apply again."});
+        });
+    } else {
+        process->start();
     }
+    if (input >= 0)
+        ::close(input);
 }
 
 std::shared_ptr<ScriptRunner> platformScriptRunner() {
@@ -83,20 +109,22 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
     return std::make_shared<ProcessScriptRunner>(
         QStringLiteral("/usr/bin/osascript"), QStringList{QStringLiteral("-e")},
         ProcessScriptRunner::Delivery::LastArgument,
-        [](const std::string& script) { return PrivilegedWriter::appleScriptCommand(script); });
+        [](const WriteRequest& request) {
+            return PrivilegedWriter::appleScriptCommand(
+                PrivilegedWriter::writeScript(request.text, PrivilegedWriter::newDelimiter()));
+        });
 #else
-    if (::geteuid() == 0)
-        return std::make_shared<ProcessScriptRunner>(QStringLiteral("/bin/sh"),
-                                                     QStringList{QStringLiteral("-s")},
-                                                     ProcessScriptRunner::Delivery::StandardInput);
     // The installed helper carries Pinecove's own polkit prompt; a build run from its folder
-    // falls back to the generic one.
-    const QString helper = QStringLiteral(PINECOVE_WRITE_HELPER);
-    const QStringList command = QFileInfo::exists(helper)
-                                    ? QStringList{helper}
-                                    : QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-s")};
-    return std::make_shared<ProcessScriptRunner>(QStringLiteral("/usr/bin/pkexec"), command,
-                                                 ProcessScriptRunner::Delivery::StandardInput,
+    // uses the helper beside it, for which pkexec shows its generic prompt.
+    QString helper = QStringLiteral(PINECOVE_WRITE_HELPER);
+    if (!QFileInfo::exists(helper))
+        helper = QStringLiteral(PINECOVE_BUILD_HELPER);
+    if (::geteuid() == 0)
+        return std::make_shared<ProcessScriptRunner>(helper, QStringList{},
+                                                     ProcessScriptRunner::Delivery::HelperInput);
+    return std::make_shared<ProcessScriptRunner>(QStringLiteral("/usr/bin/pkexec"),
+                                                 QStringList{helper},
+                                                 ProcessScriptRunner::Delivery::HelperInput,
                                                  nullptr, ProcessScriptRunner::pkexecDismissed);
 #endif
 }

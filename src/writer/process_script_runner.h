@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "script_runner.h"
@@ -11,17 +12,21 @@
 class ProcessScriptRunner : public ScriptRunner {
 public:
     enum class Delivery {
-        LastArgument, // the text is appended as one argument (osascript -e COMMAND)
-        StandardInput // the text is written to the child's standard input (sh -s)
+        // One more argument: the text, or what `transform` makes of the request (osascript -e
+        // and the AppleScript command).
+        LastArgument,
+        // The helper's data: "--expected-size N --size M" appended, and standard input reading
+        // the expected text, then the new one, from a sealed in-memory file. Nothing can be
+        // added to it while the prompt waits (Linux).
+        HelperInput
     };
-    // `transform` turns the script into what is delivered (macOS wraps it in AppleScript).
     // `dismissedStatus` is an exit status by which the runner says its prompt was dismissed
     // (pkexec has no other way to say so).
     ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
-                        std::function<std::string(const std::string&)> transform = {},
+                        std::function<std::string(const WriteRequest&)> transform = {},
                         std::optional<int> dismissedStatus = std::nullopt);
 
-    void run(const std::string& script, std::function<void(Outcome)> done) override;
+    void run(const WriteRequest& request, std::function<void(Outcome)> done) override;
 
     // The user's message for a runner that failed after writing `standardError`.
     static std::string failureMessage(const QByteArray& standardError);
@@ -35,6 +40,6 @@ private:
     QString program_;
     QStringList arguments_;
     Delivery delivery_;
-    std::function<std::string(const std::string&)> transform_;
+    std::function<std::string(const WriteRequest&)> transform_;
     std::optional<int> dismissedStatus_;
 };

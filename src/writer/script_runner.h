@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <functional>
@@ -5,7 +6,15 @@
 #include <string>
 #include <variant>
 
-// Runs the root write script behind the system's administrator prompt.
+// What one privileged write asks for: replace /etc/hosts with `text`. `expected` is the file's
+// text as the store loaded it; the Linux helper writes only while the file still holds it.
+struct WriteRequest {
+    std::string text;
+    std::string expected;
+};
+
+// Runs the root write behind the system's administrator prompt: the script through osascript on
+// macOS, the data-only helper through pkexec on Linux.
 class ScriptRunner {
 public:
     struct Succeeded {};
@@ -21,8 +30,9 @@ public:
 
     virtual ~ScriptRunner() = default;
     // Completes exactly once, on the calling thread's event loop, never before returning.
-    virtual void run(const std::string& script, std::function<void(Outcome)> done) = 0;
+    virtual void run(const WriteRequest& request, std::function<void(Outcome)> done) = 0;
 };
 
-// The runner of this platform: osascript on macOS; on Linux pkexec, or /bin/sh when already root.
+// The runner of this platform: osascript on macOS; on Linux the helper, through pkexec, or
+// directly when already root.
 std::shared_ptr<ScriptRunner> platformScriptRunner();

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <string>
@@ -19,6 +20,10 @@ inline constexpr std::string_view tooLargeMessage =
 inline constexpr std::string_view delimiterPrefix = "PINECOVE_EOF_";
 inline constexpr std::string_view prompt = "Pinecove wants to update your hosts file.";
 inline constexpr std::string_view fallbackMessage = "Writing the hosts file failed.";
+// Said by the apply flow, and by the Linux helper when the file changed during the prompt.
+inline constexpr std::string_view conflictMessage =
+    "The hosts file was changed by another app. Choose Refresh from the menu to load the "
+    "latest version, then apply again.";
 // How a dismissed administrator dialog shows in an error's message (AppleScript's "user
 // canceled" number); the Linux runner reports a dismissal the same way.
 inline constexpr std::string_view cancelMarker = "-128";

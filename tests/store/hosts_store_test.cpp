@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fake_script_runner.h"
 #include "hosts_store.h"
 
@@ -229,7 +230,7 @@ private slots:
         QFile::remove(hostsPath_); // a read would now report a conflict
         store->apply();
         QVERIFY(!store->hasError());
-        QVERIFY(runner_->scripts.empty());
+        QVERIFY(runner_->requests.empty());
     }
 
     void applyRefusesAFileChangedOrRemovedSinceTheLoad_data() {
@@ -251,7 +252,7 @@ private slots:
         QCOMPARE(store->lastErrorText(), HostsStore::conflictMessage);
         QCOMPARE(applying.count(), 0);
         QCOMPARE(backupCount(), 0);
-        QVERIFY(runner_->scripts.empty());
+        QVERIFY(runner_->requests.empty());
         QVERIFY(store->isDirty());
     }
 
@@ -262,7 +263,7 @@ private slots:
         writeFile(backupsFolder_, "a file where the folder should be");
         applyToEnd(*store);
         QVERIFY(store->hasError());
-        QVERIFY(runner_->scripts.empty());
+        QVERIFY(runner_->requests.empty());
         QVERIFY(!store->isApplying());
         QVERIFY(store->isDirty());
     }
@@ -275,7 +276,7 @@ private slots:
         edit(*store);
         applyToEnd(*store);
         QVERIFY(store->lastErrorText().contains(QStringLiteral("already exists")));
-        QCOMPARE(runner_->scripts.size(), 1u);
+        QCOMPARE(runner_->requests.size(), 1u);
         QCOMPARE(backupCount(), 1);
     }
 
@@ -333,7 +334,7 @@ private slots:
         applyToEnd(*store);
         QCOMPARE(store->lastErrorText(),
                  QStringLiteral("The hosts file is unexpectedly large. Refusing to write."));
-        QVERIFY(runner_->scripts.empty());
+        QVERIFY(runner_->requests.empty());
         QCOMPARE(backupCount(), 1);
     }
 
@@ -360,7 +361,7 @@ private slots:
         store->apply();
         QVERIFY(store->isApplying());
         store->apply();
-        QCOMPARE(runner_->scripts.size(), 1u);
+        QCOMPARE(runner_->requests.size(), 1u);
         // Edits made while the write runs are replaced by the reload that follows it.
         store->add("127.0.0.1", {"during.test"});
         QSignalSpy finished(store.get(), &HostsStore::applyFinished);

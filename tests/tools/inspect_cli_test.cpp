@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "run_process.h"
 
 #include <cstdio>
@@ -95,12 +96,13 @@ TEST(InspectCliTest, RefusesFilesItCannotReadAsUtf8) {
 
 TEST(InspectCliTest, ScriptPrintsWhatTheRunnerWouldRun) {
     const std::string text = "127.0.0.1 a.test # \"q\" $HOME\n";
+    // On Linux no script runs as root: the helper gets the loaded and the new text as data.
     const auto script = inspect({"--script", "-"}, text);
     ASSERT_EQ(script.exitCode, 0) << script.err;
-    EXPECT_TRUE(
-        script.out.starts_with("set -e\nT=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"));
-    EXPECT_NE(script.out.find("'\n" + text + "PINECOVE_EOF_"), std::string::npos);
-    EXPECT_TRUE(script.out.find("/bin/mv \"$T\" /etc/hosts") != std::string::npos);
+    EXPECT_TRUE(script.out.starts_with("# As root: /"));
+    EXPECT_NE(script.out.find("/pinecove-write-hosts --expected-size 29 --size 29\n"),
+              std::string::npos);
+    EXPECT_TRUE(script.out.ends_with("then the new text:\n" + text));
 
     const auto command = inspect({"--applescript", "-"}, text);
     ASSERT_EQ(command.exitCode, 0);

@@ -1,9 +1,14 @@
+// SPDX-License-Identifier: MIT
 #include "privileged_writer.h"
 #include "process_script_runner.h"
 
+#include <QFile>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
+#include <fcntl.h>
 #include <optional>
+#include <unistd.h>
 
 namespace {
 
@@ -22,9 +27,9 @@ struct Run {
 };
 
 // Runs to completion, recording how the completion came.
-Run runToEnd(ScriptRunner& runner, const std::string& script) {
+Run runToEnd(ScriptRunner& runner, const std::string& text, const std::string& expected = {}) {
     Run run;
-    runner.run(script, [&](ScriptRunner::Outcome o) {
+    runner.run(WriteRequest{text, expected}, [&](ScriptRunner::Outcome o) {
         run.outcome = std::move(o);
         ++run.calls;
     });
@@ -99,15 +104,38 @@ private slots:
         QCOMPARE(run.calls, 1);
         QVERIFY(!run.completedBeforeReturning);
         QVERIFY(std::holds_alternative<ScriptRunner::NotStarted>(*run.outcome));
-        QVERIFY(!std::get<ScriptRunner::NotStarted>(*run.outcome).message.empty());
+        const std::string message = std::get<ScriptRunner::NotStarted>(*run.outcome).message;
+        QVERIFY2(message.find("/nonexistent/runner is missing") == 0, message.c_str());
+        QVERIFY(message.find("apt install pkexec") != std::string::npos);
     }
 
-    void scriptsCanArriveOnStandardInput() {
+    // The helper's data: sizes as arguments, the loaded and the new text on standard input. While
+    // the prompt waits, another program of the same user tries to add to that input through
+    // /proc, as it could to a pipe; the input is sealed, so the helper reads exactly the data.
+    void helperInputIsSealedWhileThePromptWaits() {
+        QTemporaryDir dir;
+        const QString behaviour = QStringLiteral(
+            "echo $$ > \"$0/pid\"; while [ ! -e \"$0/go\" ]; do sleep 0.02; done; "
+            "printf '%s %s %s %s|' \"$1\" \"$2\" \"$3\" \"$4\" >&2; cat >&2; exit 3");
         ProcessScriptRunner runner(QStringLiteral("/bin/sh"),
-                                   {QStringLiteral("-c"), QStringLiteral("cat >&2; exit 3")},
-                                   ProcessScriptRunner::Delivery::StandardInput);
-        QCOMPARE(failedMessage(runToEnd(runner, "line one\nline two")),
-                 std::string("line one\nline two"));
+                                   {QStringLiteral("-c"), behaviour, dir.path()},
+                                   ProcessScriptRunner::Delivery::HelperInput);
+        std::optional<ScriptRunner::Outcome> outcome;
+        runner.run(WriteRequest{"new\nline", "old"},
+                   [&](ScriptRunner::Outcome o) { outcome = std::move(o); });
+        QFile pidFile(dir.filePath(QStringLiteral("pid")));
+        QTRY_VERIFY(pidFile.size() > 0);
+        QVERIFY(pidFile.open(QIODevice::ReadOnly));
+        const QByteArray input = "/proc/" + pidFile.readAll().trimmed() + "/fd/0";
+        const int fd = ::open(input.constData(), O_WRONLY | O_APPEND);
+        const bool appended = fd >= 0 && ::write(fd, "\nrm -rf /\n", 10) > 0;
+        if (fd >= 0)
+            ::close(fd);
+        QVERIFY(!appended);
+        QFile(dir.filePath(QStringLiteral("go"))).open(QIODevice::WriteOnly);
+        QTRY_VERIFY(outcome.has_value());
+        QCOMPARE(std::get<ScriptRunner::Failed>(*outcome).message,
+                 std::string("--expected-size 3 --size 8|oldnew\nline"));
     }
 
     void aDismissedPromptCarriesTheCancelMarker() {
@@ -124,7 +152,7 @@ private slots:
     void tooLargeATextNeverRuns() {
         ProcessScriptRunner runner = standIn(QStringLiteral("touch \"$1.ran\"; exit 0"));
         std::optional<std::optional<PrivilegedWriter::WriteFailure>> result;
-        PrivilegedWriter::writeHostsFile(std::string(200'000, 'a'), runner,
+        PrivilegedWriter::writeHostsFile(std::string(200'000, 'a'), {}, runner,
                                          [&](auto failure) { result = failure; });
         QTRY_VERIFY(result.has_value());
         QVERIFY(result->has_value());

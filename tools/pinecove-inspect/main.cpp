@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pinecove-inspect: shows how Pinecove reads a hosts file and what it would write back, so that
 // users, tests and benchmarks can audit the model without the app.
 
@@ -75,10 +76,17 @@ int printWriteCommand(HostsDocument& document, bool appleScript) {
         return exitFailure;
     }
     const std::string delimiter = PrivilegedWriter::newDelimiter();
-    if (appleScript)
-        return writeOut(PrivilegedWriter::appleScriptCommand(
-            PrivilegedWriter::writeScript(text, delimiter, PrivilegedWriter::Platform::MacOS)));
-    return writeOut(PrivilegedWriter::writeScript(text, delimiter));
+    if (appleScript || PrivilegedWriter::currentPlatform == PrivilegedWriter::Platform::MacOS) {
+        const std::string script =
+            PrivilegedWriter::writeScript(text, delimiter, PrivilegedWriter::Platform::MacOS);
+        return writeOut(appleScript ? PrivilegedWriter::appleScriptCommand(script) : script);
+    }
+    // Linux runs no script as root: the helper gets the loaded text and the new one as data.
+    const std::string& loaded = *document.text;
+    return writeOut("# As root: " PINECOVE_WRITE_HELPER " --expected-size " +
+                    std::to_string(loaded.size()) + " --size " + std::to_string(text.size()) +
+                    "\n# Standard input: the file as loaded (" + std::to_string(loaded.size()) +
+                    " bytes), then the new text:\n" + text);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "test_hosts.h"
 
 #include "fake_script_runner.h"
@@ -29,7 +30,7 @@ void TestHosts::reset(const QString& text) {
     writeFile(text);
     theRunner->outcome = ScriptRunner::Succeeded{};
     theRunner->hold = false;
-    theRunner->scripts.clear();
+    theRunner->requests.clear();
     theStore->load();
 }
 
@@ -53,5 +54,5 @@ void TestHosts::releaseWrite() {
     theRunner->release();
 }
 int TestHosts::writesRequested() const {
-    return static_cast<int>(theRunner->scripts.size());
+    return static_cast<int>(theRunner->requests.size());
 }
