@@ -1,12 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "single_instance.h"
 
+#include <QDir>
 #include <QLocalSocket>
 #include <QStandardPaths>
-#include <unistd.h>
+
+namespace {
+
+// In the user's runtime folder, which only the user can enter (Qt makes a private one when
+// XDG_RUNTIME_DIR is unset): another user cannot squat the name, and each session has its own.
+QString socketPath() {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty()) {
+        folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+        QDir().mkpath(folder);
+    }
+    return folder + QStringLiteral("/pinecove.socket");
+}
+
+} // namespace
 
 SingleInstance::SingleInstance()
-    : name_(QStringLiteral("pinecove-%1").arg(::getuid())) {
+    : name_(socketPath()) {
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* socket = server_.nextPendingConnection()) {
             socket->deleteLater();

@@ -37,8 +37,10 @@ std::optional<QString> backUp(const QString& source, const QString& folder, cons
 
 void prune(const QString& folder) {
     const QDir dir(folder);
-    QStringList names = dir.entryList({namePrefix + QLatin1Char('*')},
-                                      QDir::Files | QDir::Hidden | QDir::System, QDir::NoSort);
+    // Only names that begin with "hosts_" exactly: a user's HOSTS_README is none of ours.
+    QStringList names = dir.entryList(
+        {namePrefix + QLatin1Char('*')},
+        QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive, QDir::NoSort);
     std::sort(names.begin(), names.end(), std::greater<>());
     for (qsizetype i = kept; i < names.size(); ++i)
         QFile::remove(dir.filePath(names[i])); // a failure leaves one extra backup; no harm done

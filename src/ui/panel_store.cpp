@@ -4,9 +4,8 @@
 #include "backups.h"
 #include "desktop_actions.h"
 #include "entry_row_text.h"
-#include "hosts_parser.h"
 #include "hosts_store.h"
-#include "whitespace.h"
+#include "typed_input.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,8 +18,7 @@ namespace {
 HostsStore* theStore = nullptr;
 
 std::optional<ParsedInput> parseTyped(const QString& typed) {
-    const std::string text = typed.toStdString();
-    return HostsParser::parseInput(trimWhitespace(text));
+    return parseTypedInput(typed.toStdString());
 }
 
 std::optional<Uuid> idFrom(const QString& text) {

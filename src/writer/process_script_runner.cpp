@@ -108,8 +108,7 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
 #if defined(__APPLE__)
     return std::make_shared<ProcessScriptRunner>(
         QStringLiteral("/usr/bin/osascript"), QStringList{QStringLiteral("-e")},
-        ProcessScriptRunner::Delivery::LastArgument,
-        [](const WriteRequest& request) {
+        ProcessScriptRunner::Delivery::LastArgument, [](const WriteRequest& request) {
             return PrivilegedWriter::appleScriptCommand(
                 PrivilegedWriter::writeScript(request.text, PrivilegedWriter::newDelimiter()));
         });
@@ -122,9 +121,8 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
     if (::geteuid() == 0)
         return std::make_shared<ProcessScriptRunner>(helper, QStringList{},
                                                      ProcessScriptRunner::Delivery::HelperInput);
-    return std::make_shared<ProcessScriptRunner>(QStringLiteral("/usr/bin/pkexec"),
-                                                 QStringList{helper},
-                                                 ProcessScriptRunner::Delivery::HelperInput,
-                                                 nullptr, ProcessScriptRunner::pkexecDismissed);
+    return std::make_shared<ProcessScriptRunner>(
+        QStringLiteral("/usr/bin/pkexec"), QStringList{helper},
+        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecDismissed);
 #endif
 }

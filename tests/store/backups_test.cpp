@@ -94,13 +94,16 @@ private slots:
             writeFile(folder + QLatin1Char('/') + Backups::fileName(start.addDays(i)), "old");
         writeFile(folder + QStringLiteral("/notes.txt"), "mine");
         writeFile(folder + QStringLiteral("/.DS_Store"), "finder");
+        writeFile(folder + QStringLiteral("/HOSTS_README"), "not a backup: case counts");
 
         QCOMPARE(Backups::backUp(source_, folder, when), std::nullopt);
 
         const QStringList names = namesIn(folder);
         QVERIFY(names.contains(QStringLiteral("notes.txt")));
         QVERIFY(names.contains(QStringLiteral(".DS_Store")));
-        QCOMPARE(names.filter(QStringLiteral("hosts_")).size(), std::min(existing + 1, 20));
+        QVERIFY(names.contains(QStringLiteral("HOSTS_README")));
+        QCOMPARE(names.filter(QStringLiteral("hosts_"), Qt::CaseSensitive).size(),
+                 std::min(existing + 1, 20));
         for (int i = 0; i < existing; ++i)
             QCOMPARE(names.contains(Backups::fileName(start.addDays(i))), i >= removed);
         QVERIFY(names.contains(Backups::fileName(when)));

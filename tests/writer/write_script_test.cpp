@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <stdlib.h>
 
 using namespace PrivilegedWriter;
 
@@ -115,8 +116,9 @@ TEST(AppleScriptTest, CommandCarriesTheScriptUnchangedOnOneLine) {
 // Runs the here-document part of the real script into a temporary file: whatever the text holds,
 // the shell must expand nothing.
 TEST(WriteScriptTest, TheShellWritesTheTextByteForByte) {
-    const std::filesystem::path target =
-        std::filesystem::temp_directory_path() / "pinecove-heredoc-test";
+    std::string folder = std::filesystem::temp_directory_path() / "pinecove-XXXXXX";
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    const std::filesystem::path target = std::filesystem::path(folder) / "hosts";
     const std::string text = "127.0.0.1 a.test # $HOME `id` $(id) \\ \\\\ \" ' \r\n"
                              "# caf\u00e9 \u00A0 \t PINECOVE_EOF_ <<'X'\nno final line feed";
     const std::string script = writeScript(text, newDelimiter());
@@ -130,7 +132,7 @@ TEST(WriteScriptTest, TheShellWritesTheTextByteForByte) {
     std::ostringstream written;
     written << in.rdbuf();
     EXPECT_EQ(written.str(), text + "\n");
-    std::filesystem::remove(target);
+    std::filesystem::remove_all(folder);
 }
 
 } // namespace

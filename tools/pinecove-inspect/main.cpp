@@ -5,8 +5,8 @@
 #include "document_json.h"
 #include "hosts_edits.h"
 #include "read_text.h"
+#include "typed_input.h"
 #include "utf8.h"
-#include "whitespace.h"
 #include "write_script.h"
 
 #include <cstdio>
@@ -64,8 +64,8 @@ int printInput(std::string_view text) {
         fail("the input text is not valid UTF-8");
         return exitFailure;
     }
-    // The panel trims the typed text before parsing it; show exactly what the panel would add.
-    return writeOut(inspect::inputJson(HostsParser::parseInput(trimWhitespace(text))) + "\n");
+    // Exactly what the panel would add for this text.
+    return writeOut(inspect::inputJson(parseTypedInput(text)) + "\n");
 }
 
 // Exactly what an apply of FILE's text would hand to the administrator runner.

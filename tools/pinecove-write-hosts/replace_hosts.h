@@ -10,8 +10,7 @@
 // a new temporary file in the same folder (created exclusively, so never through a symlink),
 // mode 644 and owner root:root, every byte written and synced, renamed over the file, the folder
 // synced. The temporary file is removed on every failure.
-std::optional<HelperRefusal> replaceHostsFile(const std::string& etc,
-                                              const HelperRequest& request);
+std::optional<HelperRefusal> replaceHostsFile(const std::string& etc, const HelperRequest& request);
 
 // Asks systemd-resolved and nscd, where present, to forget cached names. Run by absolute path,
 // without a shell; a missing or failing one is no failure of the write.

@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# The root helper, run as root on the real path /etc/hosts inside a private mount namespace whose
+# /etc is a temporary folder: exact bytes whatever they hold, mode and owner, and a refusal, with
+# the file untouched and no temporary file left, for every input it must not write.
+set -euo pipefail
+helper=$1
+
+if [ "${2:-}" != "--inside" ]; then
+    [ "$(id -u)" -eq 0 ] || { echo "SKIPPED: needs root for a private mount namespace"; exit 77; }
+    unshare --mount true 2>/dev/null || { echo "SKIPPED: no private mount namespaces here"; exit 77; }
+    work=$(mktemp -d)
+    trap 'rm -rf "$work"' EXIT
+    exec unshare --mount --propagation private -- "$0" "$helper" --inside "$work"
+fi
+work=$3
+mkdir -p "$work/etc"
+mount --bind "$work/etc" /etc
+failures=0
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}
+
+# write LABEL EXPECTED_STATUS NEW_TEXT_FILE [EXTRA_BYTES]: feeds the helper /etc/hosts as loaded,
+# then the new text (and any extra bytes), and checks its status and the file afterwards.
+write() {
+    local label=$1 want=$2 new=$3 extra=${4:-}
+    cp /etc/hosts "$work/before"
+    local status=0
+    { cat /etc/hosts "$new"; printf '%s' "$extra"; } |
+        "$helper" --expected-size "$(stat -c %s /etc/hosts)" --size "$(stat -c %s "$new")" \
+            2>"$work/err" || status=$?
+    [ "$status" -eq "$want" ] || fail "$label: status $status, not $want ($(cat "$work/err"))"
+    if [ "$want" -eq 0 ]; then
+        cmp -s "$new" /etc/hosts || fail "$label: the file is not the text byte for byte"
+        [ "$(stat -c '%a %u:%g' /etc/hosts)" = "644 0:0" ] || fail "$label: mode or owner"
+    else
+        cmp -s "$work/before" /etc/hosts || fail "$label: a refused write changed the file"
+        [ "$(wc -l <"$work/err")" -eq 1 ] || fail "$label: not one line of message"
+    fi
+    ! ls /etc/hosts.pinecove.* >/dev/null 2>&1 || fail "$label: a temporary file was left"
+}
+
+printf '127.0.0.1 localhost\n' >/etc/hosts
+printf '127.0.0.1 localhost\n# $(touch %s/pwned) `id` \\\n\r\n10.0.0.1\tnul\0.test\n' "$work" >"$work/hostile"
+write "hostile bytes, NUL and CR" 0 "$work/hostile"
+[ ! -e "$work/pwned" ] || fail "the text ran as a command"
+head -c 199999 /dev/zero | tr '\0' '#' >"$work/largest"
+write "199,999 bytes" 0 "$work/largest"
+head -c 200000 /dev/zero | tr '\0' '#' >"$work/too-large"
+write "200,000 bytes" 3 "$work/too-large"
+grep -q "unexpectedly large" "$work/err" || fail "too large: $(cat "$work/err")"
+printf '10.0.0.2 next.test\n' >"$work/next"
+write "bytes after the announced size" 3 "$work/next" "; reboot"
+printf 'caf\351.test\n' >"$work/latin1"
+write "not UTF-8" 3 "$work/latin1"
+
+# Changed during the prompt: the helper is told the file held something else.
+status=0
+{ printf 'old text\n'; cat "$work/next"; } |
+    "$helper" --expected-size 9 --size "$(stat -c %s "$work/next")" 2>"$work/err" || status=$?
+[ "$status" -eq 4 ] || fail "changed file: status $status"
+grep -q "changed by another app" "$work/err" || fail "changed file: $(cat "$work/err")"
+cmp -s "$work/largest" /etc/hosts || fail "changed file: the outside change was overwritten"
+
+# Injected failures: a full file system, then a read-only /etc.
+printf '127.0.0.1 localhost\n' >"$work/small"
+cp "$work/small" /etc/hosts
+mount -t tmpfs -o size=64k tmpfs /etc
+cp "$work/small" /etc/hosts
+head -c 40000 /dev/zero >/etc/filler
+head -c 60000 /dev/zero | tr '\0' '#' >"$work/big"
+write "a full file system" 5 "$work/big"
+mount -o remount,ro /etc
+write "a read-only /etc" 5 "$work/next"
+
+[ "$failures" -eq 0 ] || exit 1
+echo "the helper wrote exactly, refused what it must, and left no temporary file"
