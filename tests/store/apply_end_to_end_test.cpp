@@ -101,6 +101,28 @@ int runInsideNamespace(const QString& backups) {
     check(readFile(hosts) == outside, "the other app's text is kept");
     check(QDir(backups).entryList(QDir::Files).size() == 1, "no backup for a refused apply");
 
+    // Another program writes while the password prompt is open: the helper, as root, finds the
+    // file changed since the load and keeps that change.
+    struct ChangeDuringPrompt : ScriptRunner {
+        std::shared_ptr<ScriptRunner> real = platformScriptRunner();
+        std::string outside;
+        void run(const WriteRequest& request, std::function<void(Outcome)> done) override {
+            writeFile(QStringLiteral("/etc/hosts"), outside);
+            real->run(request, std::move(done));
+        }
+    };
+    auto duringPrompt = std::make_shared<ChangeDuringPrompt>();
+    duringPrompt->outside = outside + "# written while the prompt was open\n";
+    HostsStore::Environment racing = environment;
+    racing.runner = duringPrompt;
+    HostsStore third(racing);
+    third.add("127.0.0.1", {"race.test"});
+    check(applyAndWait(third), "the racing apply finishes");
+    check(third.lastErrorText() == HostsStore::conflictMessage,
+          "the helper refuses a file changed during the prompt, got: " +
+              third.lastErrorText().toStdString());
+    check(readFile(hosts) == duringPrompt->outside, "the change made during the prompt is kept");
+
     // Block lists: 2,000 mappings are written; 200,000 (5.9 MB) stop at the size limit.
     const auto applyBlockList = [&](const char* source) {
         writeFile(hosts, readFile(QString::fromLocal8Bit(source)));
