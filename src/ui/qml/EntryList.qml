@@ -33,11 +33,14 @@ ListView {
     model: Store.customEntries
     keyNavigationEnabled: true
     activeFocusOnTab: count > 0
+    // Tab lands on the list itself: hand the focus to the current row, the first at the start.
+    // Focus that reaches a row directly (a click, a screen reader) must stay on that row.
     onActiveFocusChanged: {
-        if (activeFocus && currentIndex < 0)
+        if (!activeFocus || Window.activeFocusItem !== list)
+            return;
+        if (currentIndex < 0)
             currentIndex = 0;
-        if (activeFocus)
-            positionViewAtIndex(currentIndex, ListView.Contain);
+        positionViewAtIndex(currentIndex, ListView.Contain);
     }
     highlightFollowsCurrentItem: false
     currentIndex: -1
