@@ -164,7 +164,12 @@ void HostsStore::setLastError(std::optional<QString> error) {
 }
 
 void HostsStore::apply() {
-    if (!isDirty() || isApplying_)
+    if (isDirty())
+        applyText(serialized());
+}
+
+void HostsStore::applyText(const std::string& text) {
+    if (isApplying_ || text == *loadedDiskText_)
         return;
     // Another program may have written the file since we read it; never overwrite that.
     const auto onDisk = readHostsFile();
@@ -181,7 +186,7 @@ void HostsStore::apply() {
         return;
     }
     PrivilegedWriter::writeHostsFile(
-        serialized(), *loadedDiskText_, *environment_.runner,
+        text, *loadedDiskText_, *environment_.runner,
         [this, alive = alive_](std::optional<PrivilegedWriter::WriteFailure> failure) {
             if (!*alive)
                 return;

@@ -77,6 +77,9 @@ public:
     // Checks for outside changes, backs up, writes and reloads; reports only through
     // isApplying and lastError. Returns at once; applyFinished() follows when the write ends.
     Q_INVOKABLE void apply();
+    // The same flow for a whole text given as it is (restoring a backup byte for byte): nothing
+    // when it equals the file as loaded.
+    void applyText(const std::string& text);
 
 signals:
     void linesChanged();

@@ -49,10 +49,12 @@ xmllint --noout "$policy"
 desktop-file-validate /usr/share/applications/io.pinecove.Pinecove.desktop
 appstreamcli validate --no-net --pedantic /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml >/dev/null ||
     fail "$(appstreamcli validate --no-net /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml)"
-for page in pinecove pinecove-inspect; do
+for page in pinecove pinecove-inspect pinecovectl; do
     [ -f "/usr/share/man/man1/$page.1.gz" ] || fail "no man page $page(1)"
 done
 [ -f /usr/share/doc/pinecove/copyright ] || fail "no copyright file"
+[ -f /usr/share/bash-completion/completions/pinecovectl ] || fail "no bash completion for pinecovectl"
+/usr/bin/pinecovectl --help | grep -q '^Usage: pinecovectl' || fail "pinecovectl does not run"
 answer=$(/usr/bin/pinecove-inspect --input myapp.test)
 [ "$answer" = '{"ip":"127.0.0.1","hosts":["myapp.test"]}' ] || fail "pinecove-inspect said $answer"
 
