@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pinecove: edits the hosts file from the menu bar or system tray.
 
+#include "color_scheme.h"
 #include "hosts_store.h"
 #include "panel_engine.h"
 #include "panel_window.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 #include <memory>
 
@@ -29,15 +31,35 @@ int main(int argc, char** argv) {
 
     usePanelRenderer();
     HostsStore store; // the one store: loads /etc/hosts now
-    const bool hasTray = QSystemTrayIcon::isSystemTrayAvailable();
-    PanelWindow panel(store, hasTray ? PanelWindow::Style::Popover : PanelWindow::Style::Window);
+    ColorScheme scheme;
+    // A Wayland compositor places client windows itself, so a popover could not open under the
+    // item there: the panel is always the small floating window, which a tray click shows.
+    const bool canPlaceWindows =
+        !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    PanelWindow panel(store, PanelWindow::Style::Window);
     std::unique_ptr<TrayItem> tray;
-    if (hasTray) {
-        tray = std::make_unique<TrayItem>(store, panel);
-        tray->show();
-    } else {
-        panel.present(); // no status area: an ordinary window keeps Pinecove usable
-    }
+    // A tray host may start after Pinecove (autostart at login) or go away; follow it.
+    const auto followTray = [&] {
+        const bool available = QSystemTrayIcon::isSystemTrayAvailable();
+        if (available && !tray) {
+            if (canPlaceWindows) {
+                panel.setStyle(PanelWindow::Style::Popover);
+                panel.hide();
+            }
+            tray = std::make_unique<TrayItem>(store, panel, scheme);
+            tray->show();
+        } else if (!available && tray) {
+            tray.reset();
+            panel.setStyle(PanelWindow::Style::Window);
+            panel.present(); // no status area: the window keeps Pinecove usable
+        }
+    };
+    followTray();
+    if (!tray)
+        panel.present();
+    QTimer trayWatch;
+    QObject::connect(&trayWatch, &QTimer::timeout, followTray);
+    trayWatch.start(3000);
     QObject::connect(&instance, &SingleInstance::showRequested, &panel,
                      [&panel] { panel.present(QRect(QCursor::pos(), QSize(1, 1))); });
     return QApplication::exec();

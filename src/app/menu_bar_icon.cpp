@@ -29,10 +29,10 @@ Edge shortened(QPointF a, QPointF b) {
     return {a + step, b - step};
 }
 
-QIcon makeIcon(bool dirty) {
+QIcon makeIcon(bool dirty, const QColor& colour) {
     QIcon icon;
     for (const qreal ratio : {1.0, 2.0, 3.0})
-        icon.addPixmap(QPixmap::fromImage(draw(dirty, ratio)));
+        icon.addPixmap(QPixmap::fromImage(draw(dirty, ratio, colour)));
 #if defined(__APPLE__)
     icon.setIsMask(true); // a template image: only its alpha counts
 #endif
@@ -51,7 +51,16 @@ std::array<Edge, 3> edges() {
             shortened(right.centre, top.centre)};
 }
 
-QImage draw(bool dirty, qreal devicePixelRatio) {
+QColor foreground(bool darkScheme) {
+#if defined(__APPLE__)
+    (void)darkScheme;
+    return Qt::black; // a template: only its alpha counts
+#else
+    return darkScheme ? QColor(Qt::white) : QColor(Qt::black);
+#endif
+}
+
+QImage draw(bool dirty, qreal devicePixelRatio, const QColor& colour) {
     const int pixels = static_cast<int>(std::lround(canvas * devicePixelRatio));
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -68,7 +77,7 @@ QImage draw(bool dirty, qreal devicePixelRatio) {
         path.moveTo(edge.from);
         path.lineTo(edge.to);
     }
-    QPen pen(Qt::black, lineWidth, Qt::CustomDashLine, Qt::RoundCap);
+    QPen pen(colour, lineWidth, Qt::CustomDashLine, Qt::RoundCap);
     // Qt measures dashes in pen widths: 0.1 drawn and 1.75 gap, in points, with round caps,
     // make a row of dots 1.85 points apart.
     pen.setDashPattern({0.1 / lineWidth, 1.75 / lineWidth});
@@ -76,7 +85,7 @@ QImage draw(bool dirty, qreal devicePixelRatio) {
     painter.strokePath(path, pen);
 
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::black);
+    painter.setBrush(colour);
     for (const QRectF& oval : nodeOvals())
         painter.drawEllipse(oval);
     if (dirty)
@@ -84,14 +93,11 @@ QImage draw(bool dirty, qreal devicePixelRatio) {
     return image;
 }
 
-const QIcon& normal() {
-    static const QIcon icon = makeIcon(false);
-    return icon;
-}
-
-const QIcon& dirty() {
-    static const QIcon icon = makeIcon(true);
-    return icon;
+const QIcon& icon(bool dirty, bool darkScheme) {
+    static const std::array<QIcon, 4> icons{
+        makeIcon(false, foreground(false)), makeIcon(true, foreground(false)),
+        makeIcon(false, foreground(true)), makeIcon(true, foreground(true))};
+    return icons[static_cast<std::size_t>((darkScheme ? 2 : 0) + (dirty ? 1 : 0))];
 }
 
 } // namespace MenuBarIcon

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QIcon>
 #include <QImage>
 #include <QPointF>
@@ -8,8 +9,9 @@
 #include <array>
 
 // The menu-bar (tray) icon: three nodes joined by dotted edges on an 18 x 18 point canvas, plus
-// a dot at the top right while there are unapplied edits. Black on transparent; on macOS a
-// template image, so the menu bar tints it.
+// a dot at the top right while there are unapplied edits. On macOS a black template image, which
+// the menu bar tints; elsewhere nothing tints it, so it is drawn in the panel's foreground colour
+// for the desktop's light or dark scheme.
 namespace MenuBarIcon {
 
 struct Edge {
@@ -27,11 +29,15 @@ std::array<QRectF, 3> nodeOvals();
 // Top to bottom-left, bottom-left to bottom-right, bottom-right to top.
 std::array<Edge, 3> edges();
 
-// The icon drawn at a device pixel ratio.
-QImage draw(bool dirty, qreal devicePixelRatio);
+// What the icon is drawn in: black for a light scheme, white for a dark one. Each reads at better
+// than 10:1 on the panels of its scheme (light #f6f5f4; dark #303030 and black).
+QColor foreground(bool darkScheme);
 
-// The two icons, each made once (at 1x, 2x and 3x) and shared for the life of the process.
-const QIcon& normal();
-const QIcon& dirty();
+// The icon drawn at a device pixel ratio.
+QImage draw(bool dirty, qreal devicePixelRatio, const QColor& colour = Qt::black);
+
+// The icon for a scheme, made once each (at 1x, 2x and 3x) and shared for the life of the
+// process.
+const QIcon& icon(bool dirty, bool darkScheme);
 
 } // namespace MenuBarIcon

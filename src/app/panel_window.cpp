@@ -3,6 +3,7 @@
 
 #include "panel_engine.h"
 
+#include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -11,23 +12,62 @@
 #include <QScreen>
 #include <algorithm>
 
+namespace {
+
+constexpr int unbounded = (1 << 24) - 1; // Qt's largest window size
+
+} // namespace
+
 PanelWindow::PanelWindow(HostsStore& store, Style style)
     : style_(style) {
     setUpPanelEngine(*engine(), store);
     setTitle(QStringLiteral("Pinecove"));
     setResizeMode(QQuickView::SizeViewToRootObject);
+    // A popover goes away when the user turns to something else.
+    connect(this, &QWindow::activeChanged, this, [this] {
+        if (style_ == Style::Popover && !isActive() && isVisible())
+            hide();
+    });
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
+    if (rootObject())
+        connect(rootObject(), &QQuickItem::heightChanged, this, &PanelWindow::fixSizeToPanel);
+    style_ = style == Style::Popover ? Style::Window : Style::Popover; // so that setStyle acts
+    setStyle(style);
+}
+
+void PanelWindow::setStyle(Style style) {
+    if (style == style_)
+        return;
+    style_ = style;
+    const bool wasVisible = isVisible();
+    if (wasVisible)
+        hide(); // flags take effect on the next show
     if (style_ == Style::Popover) {
         setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
         setColor(Qt::transparent); // the panel draws its own rounded, translucent backdrop
-        // A popover goes away when the user turns to something else.
-        connect(this, &QWindow::activeChanged, this, [this] {
-            if (!isActive() && isVisible())
-                hide();
-        });
+        setMinimumSize({});
+        setMaximumSize(QSize(unbounded, unbounded));
     } else {
+        setFlags(Qt::Window);
         setColor(QGuiApplication::palette().color(QPalette::Window));
+        fixSizeToPanel();
+        if (wasVisible)
+            present();
     }
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
+}
+
+void PanelWindow::fixSizeToPanel() {
+    if (style_ != Style::Window || !rootObject())
+        return;
+    const QSize size(qRound(rootObject()->width()), qRound(rootObject()->height()));
+    setMinimumSize(size);
+    setMaximumSize(size);
+}
+
+bool PanelWindow::event(QEvent* event) {
+    if (event->type() == QEvent::Close && style_ == Style::Window)
+        QCoreApplication::quit();
+    return QQuickView::event(event);
 }
 
 void PanelWindow::placeUnder(const QRect& anchor) {
@@ -50,8 +90,8 @@ void PanelWindow::placeUnder(const QRect& anchor) {
 }
 
 void PanelWindow::present(const QRect& anchor) {
-    if (style_ == Style::Popover && !isVisible())
-        placeUnder(anchor);
+    if (!isVisible())
+        placeUnder(anchor); // where the compositor lets a client place its window
     if (!isVisible() && rootObject())
         QMetaObject::invokeMethod(rootObject(), "appeared");
     show();

@@ -6,7 +6,9 @@
 class HostsStore;
 
 // The window that holds PanelView: a frameless popover under the tray item, or, where the
-// desktop has no tray, an ordinary small window so that Pinecove stays usable.
+// desktop has no tray (or places no client's windows, as on Wayland), an ordinary small window
+// of fixed size, which tiling compositors float rather than tile. The style follows the tray
+// as it comes and goes.
 class PanelWindow : public QQuickView {
     Q_OBJECT
 
@@ -15,6 +17,8 @@ public:
 
     PanelWindow(HostsStore& store, Style style);
 
+    void setStyle(Style style);
+    Style style() const { return style_; }
     // Opens the popover under `anchor` (the tray item's rectangle, or a point), or closes it if
     // it is open.
     void toggleAt(const QRect& anchor);
@@ -23,9 +27,12 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    // Without a tray the window is all of Pinecove: closing it quits, as "Quit Pinecove" does.
+    bool event(QEvent* event) override;
 
 private:
     void placeUnder(const QRect& anchor);
+    void fixSizeToPanel();
 
     Style style_;
 };

@@ -10,7 +10,14 @@
 # In "atspi" mode the panel is read and driven through AT-SPI instead, as a screen reader does,
 # on a private session bus with its own accessibility bus (atspi_probe.py).
 #
-# Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi
+# In "late-tray" mode the tray host starts after Pinecove, as at a login with autostart: the
+# window must give way to a tray item, and come back when the tray goes away.
+#
+# In "sni" mode a minimal StatusNotifierWatcher (sni.py) on a private session bus stands in for
+# the trays of KDE, waybar and GNOME's AppIndicator extension: the item registers, Activate opens
+# the panel, its menu offers the three actions, and an edit shows in its tooltip and icon.
+#
+# Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi|late-tray|sni
 set -euo pipefail
 
 app=$1
@@ -26,7 +33,13 @@ if [ "${4:-}" != "--inside" ]; then
     for tool in Xvfb xdotool import; do
         command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
     done
-    [ "$mode" != tray ] || command -v trayer >/dev/null || skip "no tray host (trayer) is installed"
+    case $mode in tray | late-tray)
+        command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
+    esac
+    if [ "$mode" = sni ]; then
+        command -v dbus-daemon >/dev/null || skip "D-Bus is not installed"
+        /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed"
+    fi
     if [ "$mode" = atspi ]; then
         [ -x /usr/libexec/at-spi-bus-launcher ] && command -v dbus-daemon >/dev/null ||
             skip "AT-SPI (at-spi2-core) or D-Bus is not installed"
@@ -78,11 +91,20 @@ trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 start_xvfb "$work" || fail "Xvfb did not start"
 pids+=("$XVFB_PID")
 
-if [ "$mode" = atspi ]; then
-    # A session bus and an accessibility bus of our own: no desktop's, no other program's.
+if [ "$mode" = atspi ] || [ "$mode" = sni ]; then
+    # A session bus of our own: no desktop's, no other program's.
     bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1)
     export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
     pids+=("${bus##*$'\n'}")
+fi
+if [ "$mode" = sni ]; then
+    sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
+    sni watch &
+    pids+=($!)
+    watcher_up() { dbus-send --session --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner string:org.kde.StatusNotifierWatcher 2>/dev/null | grep -q true; }
+    wait_for watcher_up || fail "the test's StatusNotifierWatcher did not start"
+fi
+if [ "$mode" = atspi ]; then
     /usr/libexec/at-spi-bus-launcher --launch-immediately >/dev/null 2>&1 &
     pids+=($!)
     export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
@@ -96,6 +118,14 @@ fi
 
 "$app" >"$work/app.log" 2>&1 &
 pids+=($!)
+if [ "$mode" = sni ]; then
+    registered() { [ -s "$work/items" ]; }
+    wait_for registered || fail "the item did not register with the watcher ($(cat "$work/app.log"))"
+    [ "$(sni get ToolTip)" = Pinecove ] || fail "tooltip: $(sni get ToolTip)"
+    [ "$(sni menu | tr '\n' ,)" = "Open Pinecove,Refresh,Quit Pinecove," ] || fail "menu: $(sni menu)"
+    clean_icon=$(sni get IconPixmap)
+    sni activate
+fi
 if [ "$mode" = tray ]; then
     # The item sits in the tray (it shows once Pinecove listens for later starts); a second
     # start asks the running Pinecove to open its panel.
@@ -118,6 +148,30 @@ for _ in $(seq 100); do
     sleep 0.2
 done
 [ -n "$window" ] || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
+if [ "$mode" = sni ]; then
+    xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
+    sleep 0.3
+    xdotool mousemove --window "$window" 180 $(($(xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p') - 28)) click 1
+    xdotool type --delay 40 "myapp.test"
+    xdotool key Return
+    unsaved() { [ "$(sni get ToolTip)" = "Pinecove, unsaved changes" ]; }
+    wait_for unsaved || fail "the tooltip after an edit: $(sni get ToolTip)"
+    [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
+    echo "PASSED (sni): registered, activated, menu, tooltip and icon follow the edit"
+    exit 0
+fi
+if [ "$mode" = late-tray ]; then
+    trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
+    tray_pid=$!
+    pids+=("$tray_pid")
+    tray_item_shown() { xdotool search --onlyvisible --class pinecove >/dev/null 2>&1 && [ -z "$(panel_window)" ]; }
+    wait_for tray_item_shown || fail "the late tray did not get the item, or the window stayed"
+    kill "$tray_pid"
+    window_back() { [ -n "$(panel_window)" ]; }
+    wait_for window_back || fail "the window did not come back when the tray went away"
+    echo "PASSED (late-tray): adopted by a tray that came late, back to a window when it left"
+    exit 0
+fi
 if [ "$mode" = atspi ]; then
     /usr/bin/python3 "$(dirname "$0")/atspi_probe.py" || fail "the panel fails a screen reader"
     echo "PASSED (atspi): rows, texts, Discard and Apply work through AT-SPI"

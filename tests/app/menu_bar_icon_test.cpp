@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QTest>
 #include <cmath>
 
@@ -22,6 +23,21 @@ QPoint pixelOf(QPointF point, qreal ratio) {
 
 class MenuBarIconTest : public QObject {
     Q_OBJECT
+
+    static double luminance(QRgb rgb) {
+        const auto channel = [](int value) {
+            const double c = value / 255.0;
+            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * channel(qRed(rgb)) + 0.7152 * channel(qGreen(rgb)) +
+               0.0722 * channel(qBlue(rgb));
+    }
+
+    // WCAG's contrast ratio.
+    static double contrast(QRgb a, QRgb b) {
+        const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+        return (light + 0.05) / (dark + 0.05);
+    }
 
 private slots:
     void theDirtyImageAddsOnlyTheDot_data() {
@@ -83,19 +99,39 @@ private slots:
         QCOMPARE(qAlpha(image.pixel(pixelOf({6.5, 4.9}, 4.0))), 255); // the first dot
     }
 
-    // For review beside the panel renders.
-    void saveRenders() {
-        QVERIFY(MenuBarIcon::draw(false, 4.0)
-                    .save(QStringLiteral(PINECOVE_SCREENSHOTS_DIR "/menu-bar-icon.png")));
-        QVERIFY(MenuBarIcon::draw(true, 4.0).save(
-            QStringLiteral(PINECOVE_SCREENSHOTS_DIR "/menu-bar-icon-dirty.png")));
+    // On the panels each scheme implies, the nodes and the dot read at 3:1 or better, measured
+    // on the pixels as the panel shows them. The composites are saved for review.
+    void readsOnThePanelsOfItsScheme_data() {
+        QTest::addColumn<QColor>("panel");
+        QTest::addColumn<bool>("darkScheme");
+        QTest::addColumn<qreal>("ratio");
+        for (const qreal ratio : {1.0, 2.0}) {
+            const QByteArray scale = QByteArray::number(ratio) + "x";
+            QTest::newRow("light #f6f5f4 " + scale) << QColor(0xf6f5f4) << false << ratio;
+            QTest::newRow("dark #303030 " + scale) << QColor(0x303030) << true << ratio;
+            QTest::newRow("black " + scale) << QColor(Qt::black) << true << ratio;
+        }
     }
 
-    void iconsCarryEveryScale() {
-        const QIcon& icon = MenuBarIcon::normal();
-        QVERIFY(!icon.isNull());
-        QCOMPARE(&icon, &MenuBarIcon::normal()); // made once
-        QVERIFY(icon.availableSizes().contains(QSize(36, 36)));
+    void readsOnThePanelsOfItsScheme() {
+        QFETCH(QColor, panel);
+        QFETCH(bool, darkScheme);
+        QFETCH(qreal, ratio);
+        const QColor colour = MenuBarIcon::foreground(darkScheme);
+        for (const bool dirty : {false, true}) {
+            QImage shown(qRound(18 * ratio), qRound(18 * ratio), QImage::Format_RGB32);
+            shown.setDevicePixelRatio(ratio);
+            shown.fill(panel);
+            QPainter(&shown).drawImage(0, 0, MenuBarIcon::draw(dirty, ratio, colour));
+            const double node = contrast(shown.pixel(pixelOf({9, 13.8}, ratio)), panel.rgb());
+            QVERIFY2(node >= 3, qPrintable(QStringLiteral("node at %1:1").arg(node)));
+            const QPoint dot = pixelOf(MenuBarIcon::unsavedDot.center(), ratio);
+            QCOMPARE(contrast(shown.pixel(dot), panel.rgb()) >= 3, dirty);
+            if (ratio == 2.0)
+                QVERIFY(shown.scaled(shown.size() * 4).save(
+                    QStringLiteral(PINECOVE_SCREENSHOTS_DIR "/tray-icon-%1%2.png")
+                        .arg(panel.name().mid(1), dirty ? QStringLiteral("-dirty") : QString())));
+        }
     }
 };
 

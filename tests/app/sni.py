@@ -1,0 +1,94 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: MIT
+"""A minimal StatusNotifierWatcher and a client of the item it gets, for the tray test.
+
+  sni.py watch FILE        serve org.kde.StatusNotifierWatcher; write each item to FILE
+  sni.py get FILE PROP     print an item property (ToolTip's title, IconPixmap's digest)
+  sni.py activate FILE     call Activate(0, 0) on the item
+  sni.py menu FILE         print the labels of the item's menu (com.canonical.dbusmenu)
+"""
+import hashlib
+import sys
+
+from gi.repository import Gio, GLib
+
+WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
+<method name="RegisterStatusNotifierItem"><arg name="service" type="s" direction="in"/></method>
+<method name="RegisterStatusNotifierHost"><arg name="service" type="s" direction="in"/></method>
+<property name="RegisteredStatusNotifierItems" type="as" access="read"/>
+<property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+<property name="ProtocolVersion" type="i" access="read"/>
+<signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
+<signal name="StatusNotifierHostRegistered"/>
+</interface></node>"""
+
+
+def watch(path):
+    items = []
+    node = Gio.DBusNodeInfo.new_for_xml(WATCHER)
+
+    def call(connection, sender, _path, _interface, method, parameters, invocation):
+        if method == "RegisterStatusNotifierItem":
+            service = parameters.unpack()[0]
+            name, obj = (sender, service) if service.startswith("/") else (service, "/StatusNotifierItem")
+            items.append(name + obj)
+            with open(path, "a") as out:
+                out.write("%s %s\n" % (name, obj))
+        invocation.return_value(None)
+
+    def get(connection, sender, _path, _interface, prop):
+        return {
+            "RegisteredStatusNotifierItems": GLib.Variant("as", items),
+            "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
+            "ProtocolVersion": GLib.Variant("i", 0),
+        }[prop]
+
+    def acquired(connection, _name):
+        connection.register_object("/StatusNotifierWatcher", node.interfaces[0], call, get, None)
+
+    Gio.bus_own_name(Gio.BusType.SESSION, "org.kde.StatusNotifierWatcher",
+                     Gio.BusNameOwnerFlags.NONE, acquired, None, None)
+    GLib.MainLoop().run()
+
+
+def item(path):
+    with open(path) as lines:
+        name, obj = lines.read().split("\n")[-2].split()
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    return bus, name, obj
+
+
+def prop(bus, name, obj, key):
+    reply = bus.call_sync(name, obj, "org.freedesktop.DBus.Properties", "Get",
+                          GLib.Variant("(ss)", ("org.kde.StatusNotifierItem", key)),
+                          None, Gio.DBusCallFlags.NONE, 5000, None)
+    return reply.unpack()[0]
+
+
+def main():
+    command, path = sys.argv[1], sys.argv[2]
+    if command == "watch":
+        return watch(path)
+    bus, name, obj = item(path)
+    if command == "get":
+        value = prop(bus, name, obj, sys.argv[3])
+        if sys.argv[3] == "ToolTip":
+            value = value[2]  # (icon name, icon pixmaps, title, text)
+        elif sys.argv[3] == "IconPixmap":
+            value = hashlib.sha1(repr(value).encode()).hexdigest()
+        print(value)
+    elif command == "activate":
+        bus.call_sync(name, obj, "org.kde.StatusNotifierItem", "Activate", GLib.Variant("(ii)", (0, 0)),
+                      None, Gio.DBusCallFlags.NONE, 5000, None)
+    elif command == "menu":
+        menu = prop(bus, name, obj, "Menu")
+        layout = bus.call_sync(name, menu, "com.canonical.dbusmenu", "GetLayout",
+                               GLib.Variant("(iias)", (0, -1, [])), None, Gio.DBusCallFlags.NONE,
+                               5000, None).unpack()[1]
+        for child in layout[2]:
+            label = child[1].get("label")
+            if label:
+                print(label.replace("&", ""))
+
+
+main()
