@@ -14,4 +14,13 @@ start_xvfb() {
     done
     [ -s "$file" ] || return 1
     export DISPLAY=":$(cat "$file")"
+    # The number is written once the server listens; wait until a client really gets in, as a
+    # busy machine can be slow to let the first one through.
+    command -v xdotool >/dev/null || return 0
+    for _ in $(seq 100); do
+        xdotool getdisplaygeometry >/dev/null 2>&1 && return 0
+        kill -0 "$XVFB_PID" 2>/dev/null || return 1
+        sleep 0.1
+    done
+    return 1
 }

@@ -7,6 +7,7 @@
 #include "panel_window.h"
 #include "single_instance.h"
 #include "tray_item.h"
+#include "tray_presence.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -40,7 +41,7 @@ int main(int argc, char** argv) {
     std::unique_ptr<TrayItem> tray;
     // A tray host may start after Pinecove (autostart at login) or go away; follow it.
     const auto followTray = [&] {
-        const bool available = QSystemTrayIcon::isSystemTrayAvailable();
+        const bool available = TrayPresence::current() != TrayPresence::Kind::None;
         if (available && !tray) {
             if (canPlaceWindows) {
                 panel.setStyle(PanelWindow::Style::Popover);

@@ -14,8 +14,9 @@
 # window must give way to a tray item, and come back when the tray goes away.
 #
 # In "sni" mode a minimal StatusNotifierWatcher (sni.py) on a private session bus stands in for
-# the trays of KDE, waybar and GNOME's AppIndicator extension: the item registers, Activate opens
-# the panel, its menu offers the three actions, and an edit shows in its tooltip and icon.
+# the trays of KDE, waybar and GNOME's AppIndicator extension, started after Pinecove: the item
+# registers, Activate opens the panel, its menu offers the three actions, and an edit shows in
+# its tooltip and icon.
 #
 # Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi|late-tray|sni
 set -euo pipefail
@@ -97,13 +98,6 @@ if [ "$mode" = atspi ] || [ "$mode" = sni ]; then
     export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
     pids+=("${bus##*$'\n'}")
 fi
-if [ "$mode" = sni ]; then
-    sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
-    sni watch &
-    pids+=($!)
-    watcher_up() { dbus-send --session --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner string:org.kde.StatusNotifierWatcher 2>/dev/null | grep -q true; }
-    wait_for watcher_up || fail "the test's StatusNotifierWatcher did not start"
-fi
 if [ "$mode" = atspi ]; then
     /usr/libexec/at-spi-bus-launcher --launch-immediately >/dev/null 2>&1 &
     pids+=($!)
@@ -119,6 +113,12 @@ fi
 "$app" >"$work/app.log" 2>&1 &
 pids+=($!)
 if [ "$mode" = sni ]; then
+    # The watcher starts after Pinecove, as a panel may at login: the item must still reach it.
+    sleep 1
+    sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
+    /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items" &
+    watcher_pid=$!
+    pids+=("$watcher_pid")
     registered() { [ -s "$work/items" ]; }
     wait_for registered || fail "the item did not register with the watcher ($(cat "$work/app.log"))"
     [ "$(sni get ToolTip)" = Pinecove ] || fail "tooltip: $(sni get ToolTip)"
@@ -157,7 +157,11 @@ if [ "$mode" = sni ]; then
     unsaved() { [ "$(sni get ToolTip)" = "Pinecove, unsaved changes" ]; }
     wait_for unsaved || fail "the tooltip after an edit: $(sni get ToolTip)"
     [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
-    echo "PASSED (sni): registered, activated, menu, tooltip and icon follow the edit"
+    xdotool key Escape
+    kill "$watcher_pid"
+    window_back() { [ -n "$(panel_window)" ]; }
+    wait_for window_back || fail "the window did not come back when the tray went away"
+    echo "PASSED (sni): registered late, activated, menu, tooltip and icon follow the edit, window when the tray left"
     exit 0
 fi
 if [ "$mode" = late-tray ]; then
