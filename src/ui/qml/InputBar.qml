@@ -14,8 +14,9 @@ ColumnLayout {
     readonly property bool parses: parsed.ip !== undefined
     // What the chips show: the last text that parsed, kept while the row fades out.
     property var shownParse: ({})
+    // Reads `parsed` itself: `parses` may not have caught up yet when this runs.
     onParsedChanged: {
-        if (parses)
+        if (parsed.ip !== undefined)
             shownParse = parsed;
     }
 
