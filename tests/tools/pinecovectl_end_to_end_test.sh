@@ -5,17 +5,10 @@
 # for byte, and a dry run that writes nothing and shows the diff the real call then applies.
 set -euo pipefail
 ctl=$1
-
-if [ "${2:-}" != "--inside" ]; then
-    [ "$(id -u)" -eq 0 ] || { echo "SKIPPED: needs root for a private mount namespace"; exit 77; }
-    unshare --mount true 2>/dev/null || { echo "SKIPPED: no private mount namespaces here"; exit 77; }
-    work=$(mktemp -d)
-    trap 'rm -rf "$work"' EXIT
-    exec unshare --mount --propagation private -- "$0" "$ctl" --inside "$work"
-fi
-work=$3
-mkdir -p "$work/etc" "$work/data"
-mount --bind "$work/etc" /etc
+# shellcheck source=../support/private_etc.sh
+. "$(dirname "$0")/../support/private_etc.sh"
+in_private_etc "$@"
+mkdir -p "$work/data"
 export XDG_DATA_HOME="$work/data"
 backups="$work/data/Pinecove/Backups"
 failures=0

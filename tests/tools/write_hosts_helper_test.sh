@@ -5,17 +5,9 @@
 # the file untouched and no temporary file left, for every input it must not write.
 set -euo pipefail
 helper=$1
-
-if [ "${2:-}" != "--inside" ]; then
-    [ "$(id -u)" -eq 0 ] || { echo "SKIPPED: needs root for a private mount namespace"; exit 77; }
-    unshare --mount true 2>/dev/null || { echo "SKIPPED: no private mount namespaces here"; exit 77; }
-    work=$(mktemp -d)
-    trap 'rm -rf "$work"' EXIT
-    exec unshare --mount --propagation private -- "$0" "$helper" --inside "$work"
-fi
-work=$3
-mkdir -p "$work/etc"
-mount --bind "$work/etc" /etc
+# shellcheck source=../support/private_etc.sh
+. "$(dirname "$0")/../support/private_etc.sh"
+in_private_etc "$@"
 failures=0
 fail() {
     echo "FAILED: $*"
