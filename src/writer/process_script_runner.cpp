@@ -86,6 +86,9 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
                 (*shared)(Succeeded{});
             else if (normal && dismissed && exitCode == *dismissed)
                 (*shared)(Failed{dismissedMessage()});
+            else if (normal && dismissed && exitCode == pkexecNotAuthorized)
+                // pkexec's own text runs over three lines and speaks of "another user".
+                (*shared)(Failed{"Not authorized to update the hosts file."});
             else
                 (*shared)(Failed{failureMessage(process->readAllStandardError())});
         });

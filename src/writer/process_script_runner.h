@@ -33,8 +33,9 @@ public:
     // The message of a dismissed prompt; it carries the cancel marker.
     static std::string dismissedMessage();
 
-    // Exit status with which pkexec reports a dismissed authentication dialog.
+    // Exit statuses with which pkexec reports a dismissed authentication dialog, and a refusal.
     static constexpr int pkexecDismissed = 126;
+    static constexpr int pkexecNotAuthorized = 127;
 
 private:
     QString program_;

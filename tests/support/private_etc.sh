@@ -2,7 +2,8 @@
 # Sourced by the tests that write the real path /etc/hosts. `in_private_etc "$@"` runs the
 # calling script again, as root, inside a private mount namespace whose /etc is a fresh temporary
 # folder, and exits with its status; inside, it binds that folder and sets $work (the folder
-# above it, removed at the end). Without root or namespaces it reports a skip (77).
+# above it, removed at the end). With PINECOVE_COPY_ETC=1 that /etc starts as a copy of the real
+# one. Without root or namespaces it reports a skip (77).
 in_private_etc() {
     if [ -z "${PINECOVE_PRIVATE_WORK:-}" ]; then
         [ "$(id -u)" -eq 0 ] || { echo "SKIPPED: needs root for a private mount namespace"; exit 77; }
@@ -15,5 +16,6 @@ in_private_etc() {
     fi
     work=$PINECOVE_PRIVATE_WORK
     mkdir -p "$work/etc"
+    [ -z "${PINECOVE_COPY_ETC:-}" ] || cp -a /etc/. "$work/etc/"
     mount --bind "$work/etc" /etc
 }

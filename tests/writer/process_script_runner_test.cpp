@@ -143,10 +143,15 @@ private slots:
             standIn(QStringLiteral("echo 'Not authorized' >&2; exit 126"), 126);
         const std::string message = failedMessage(runToEnd(runner, "script"));
         QVERIFY(message.find("-128") != std::string::npos);
-        // Any other failure keeps the runner's own text.
-        ProcessScriptRunner other =
-            standIn(QStringLiteral("echo 'Not authorized' >&2; exit 127"), 126);
-        QCOMPARE(failedMessage(runToEnd(other, "script")), std::string("Not authorized"));
+        // pkexec's refusal gets one plain line; any other failure keeps the runner's own text.
+        ProcessScriptRunner refused = standIn(
+            QStringLiteral("printf 'Error executing command as another user: Not authorized\\n\\n"
+                           "This incident has been reported.\\n' >&2; exit 127"),
+            126);
+        QCOMPARE(failedMessage(runToEnd(refused, "script")),
+                 std::string("Not authorized to update the hosts file."));
+        ProcessScriptRunner other = standIn(QStringLiteral("echo 'Disk full' >&2; exit 5"), 126);
+        QCOMPARE(failedMessage(runToEnd(other, "script")), std::string("Disk full"));
     }
 
     void tooLargeATextNeverRuns() {

@@ -1,0 +1,76 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# The whole Linux path as a user meets it: an unprivileged user runs pinecovectl, which asks
+# pkexec, which asks polkit, which runs the helper as root, which writes /etc/hosts. All of it in
+# a private mount namespace with its own /etc, its own system bus and its own polkitd; the action
+# is installed only there, and a polkit rule stands in for the password. A second rule that
+# refuses shows that a refusal writes nothing and reaches the user as one message.
+set -euo pipefail
+ctl=$1
+helper=$2
+policy_template=$3
+# shellcheck source=../support/private_etc.sh
+. "$(dirname "$0")/../support/private_etc.sh"
+for tool in pkexec dbus-daemon setpriv /usr/lib/polkit-1/polkitd; do
+    command -v "$tool" >/dev/null || [ -x "$tool" ] || { echo "SKIPPED: $tool is not installed"; exit 77; }
+done
+if [ -z "${PINECOVE_PRIVATE_WORK:-}" ]; then
+    id nobody >/dev/null 2>&1 || { echo "SKIPPED: the user nobody is needed"; exit 77; }
+fi
+# The namespace's /etc starts as a copy of the real one: pkexec needs PAM, users and NSS.
+export PINECOVE_COPY_ETC=1
+in_private_etc "$@"
+failures=0
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}
+
+# The action, only here, naming the helper this build made; and a bus and polkitd of our own.
+mkdir -p "$work/actions" "$work/run-dbus" "$work/data"
+cp -a /usr/share/polkit-1/actions/. "$work/actions/"
+sed "s|@PINECOVE_WRITE_HELPER@|$helper|" "$policy_template" >"$work/actions/io.pinecove.write-hosts.policy"
+mount --bind "$work/actions" /usr/share/polkit-1/actions
+mount --bind "$work/run-dbus" /run/dbus
+rule() {
+    printf 'polkit.addRule(function(action, subject) {\n  if (action.id == "io.pinecove.write-hosts") return polkit.Result.%s;\n});\n' "$1" \
+        >/etc/polkit-1/rules.d/00-pinecove-test.rules
+}
+rule YES
+dbus-daemon --system --fork --print-pid >"$work/bus.pid"
+/usr/lib/polkit-1/polkitd --no-debug >"$work/polkitd.log" 2>&1 & # it drops to polkitd itself
+polkitd_pid=$!
+trap 'kill "$polkitd_pid" "$(cat "$work/bus.pid")" 2>/dev/null || true' EXIT
+for _ in $(seq 50); do
+    dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner \
+        string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true && break
+    sleep 0.1
+done
+dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner \
+    string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true ||
+    { echo "SKIPPED: a private polkitd did not start here ($(cat "$work/polkitd.log"))"; exit 77; }
+
+printf '127.0.0.1\tlocalhost\n' >/etc/hosts
+chmod 755 "$work"
+chmod 777 "$work/data"
+as_user() {
+    setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME="$work/data" \
+        XDG_DATA_HOME="$work/data" "$ctl" "$@"
+}
+as_user add myapp.test --quiet >"$work/out" 2>&1 || fail "authorised add: $(cat "$work/out")"
+[ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ] ||
+    fail "/etc/hosts after the authorised add:$(printf '\n')$(cat /etc/hosts)"
+[ "$(stat -c '%u:%g %a' /etc/hosts)" = "0:0 644" ] || fail "owner and mode: $(stat -c '%u:%g %a' /etc/hosts)"
+
+rule NO
+sleep 1 # polkitd rereads its rules when they change
+cp /etc/hosts "$work/before"
+status=0
+as_user remove myapp.test --quiet >"$work/out" 2>&1 || status=$?
+[ "$status" -eq 1 ] || fail "refused remove: status $status"
+[ "$(cat "$work/out")" = "Not authorized to update the hosts file." ] ||
+    fail "refused remove said: $(cat "$work/out")"
+cmp -s /etc/hosts "$work/before" || fail "a refused remove changed /etc/hosts"
+
+[ "$failures" -eq 0 ] || exit 1
+echo "pkexec and polkit ran the helper for an unprivileged user; a refusal wrote nothing"
