@@ -10,24 +10,6 @@ namespace PrivilegedWriter {
 
 namespace {
 
-// Everything of the script but the text itself, per platform. macOS gives the file to
-// root:wheel and flushes Directory Services and mDNSResponder; Linux gives it to root:root and
-// asks whichever name cache runs (systemd-resolved, nscd) to forget, ignoring a missing one.
-struct ScriptShape {
-    std::string_view chown;
-    std::string_view flushLine8;
-    std::string_view flushLine9;
-};
-
-ScriptShape shapeFor(Platform platform) {
-    if (platform == Platform::MacOS)
-        return {"/usr/sbin/chown root:wheel \"$T\"", "/usr/bin/dscacheutil -flushcache",
-                "/usr/bin/killall -HUP mDNSResponder 2>/dev/null || /usr/bin/true"};
-    return {"/bin/chown root:root \"$T\"",
-            "/usr/bin/resolvectl flush-caches 2>/dev/null || /usr/bin/true",
-            "/usr/sbin/nscd --invalidate=hosts 2>/dev/null || /usr/bin/true"};
-}
-
 void replaceAll(std::string& text, std::string_view from, std::string_view to) {
     for (std::size_t at = text.find(from); at != std::string::npos;
          at = text.find(from, at + to.size()))
@@ -46,21 +28,20 @@ std::string newDelimiter() {
     return std::string(delimiterPrefix) + hex;
 }
 
-std::string writeScript(std::string_view text, std::string_view delimiter, Platform platform) {
+std::string writeScript(std::string_view text, std::string_view delimiter) {
     std::string body(text);
     if (!body.ends_with('\n'))
         body += '\n';
-    const ScriptShape shape = shapeFor(platform);
     const std::array<std::string, 9> lines = {
         "set -e",
         "T=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)",
         "/bin/cat > \"$T\" <<'" + std::string(delimiter) + "'",
         body + std::string(delimiter),
         "/bin/chmod 644 \"$T\"",
-        std::string(shape.chown),
+        "/usr/sbin/chown root:wheel \"$T\"",
         "/bin/mv \"$T\" /etc/hosts",
-        std::string(shape.flushLine8),
-        std::string(shape.flushLine9),
+        "/usr/bin/dscacheutil -flushcache",
+        "/usr/bin/killall -HUP mDNSResponder 2>/dev/null || /usr/bin/true",
     };
     std::string script;
     for (const std::string& line : lines) {

@@ -28,12 +28,6 @@ inline constexpr std::string_view conflictMessage =
 // canceled" number); the Linux runner reports a dismissal the same way.
 inline constexpr std::string_view cancelMarker = "-128";
 
-enum class Platform { MacOS, Linux };
-#if defined(__APPLE__)
-inline constexpr Platform currentPlatform = Platform::MacOS;
-#else
-inline constexpr Platform currentPlatform = Platform::Linux;
-#endif
 
 // A text of more than maxTextBytes UTF-8 bytes is refused before anything runs.
 bool isTooLarge(std::string_view text);
@@ -44,8 +38,7 @@ std::string newDelimiter();
 // The nine-line script that writes `text` to a temporary file in /etc, gives it the hosts file's
 // mode and owner, renames it over /etc/hosts and flushes the name caches. The here-document is
 // quoted, so the shell expands nothing in the text.
-std::string writeScript(std::string_view text, std::string_view delimiter,
-                        Platform platform = currentPlatform);
+std::string writeScript(std::string_view text, std::string_view delimiter);
 
 // Backslashes doubled, then double quotes and line feeds escaped, for an AppleScript literal.
 std::string escapeForAppleScript(std::string_view script);

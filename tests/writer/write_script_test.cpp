@@ -15,7 +15,7 @@ namespace {
 const std::string delimiter = "PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF";
 
 TEST(WriteScriptTest, MacScriptIsTheNineLines) {
-    EXPECT_EQ(writeScript("127.0.0.1 a.test\n", delimiter, Platform::MacOS),
+    EXPECT_EQ(writeScript("127.0.0.1 a.test\n", delimiter),
               "set -e\n"
               "T=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"
               "/bin/cat > \"$T\" <<'PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF'\n"
@@ -26,20 +26,6 @@ TEST(WriteScriptTest, MacScriptIsTheNineLines) {
               "/bin/mv \"$T\" /etc/hosts\n"
               "/usr/bin/dscacheutil -flushcache\n"
               "/usr/bin/killall -HUP mDNSResponder 2>/dev/null || /usr/bin/true");
-}
-
-TEST(WriteScriptTest, LinuxScriptHasTheSameShapeWithLinuxTools) {
-    EXPECT_EQ(writeScript("x\n", delimiter, Platform::Linux),
-              "set -e\n"
-              "T=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"
-              "/bin/cat > \"$T\" <<'PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF'\n"
-              "x\n"
-              "PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF\n"
-              "/bin/chmod 644 \"$T\"\n"
-              "/bin/chown root:root \"$T\"\n"
-              "/bin/mv \"$T\" /etc/hosts\n"
-              "/usr/bin/resolvectl flush-caches 2>/dev/null || /usr/bin/true\n"
-              "/usr/sbin/nscd --invalidate=hosts 2>/dev/null || /usr/bin/true");
 }
 
 struct BodyCase {
@@ -100,7 +86,7 @@ std::string unescapeAppleScriptLiteral(std::string_view literal) {
 
 TEST(AppleScriptTest, CommandCarriesTheScriptUnchangedOnOneLine) {
     const std::string script = writeScript("1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z' \r caf\u00e9\n",
-                                           delimiter, Platform::MacOS);
+                                           delimiter);
     const std::string command = appleScriptCommand(script);
     const std::string head = "do shell script \"";
     const std::string tail = "\" with administrator privileges with prompt "

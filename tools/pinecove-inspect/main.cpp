@@ -68,6 +68,13 @@ int printInput(std::string_view text) {
     return writeOut(inspect::inputJson(parseTypedInput(text)) + "\n");
 }
 
+// macOS runs the nine-line script as root; Linux runs the data-only helper.
+#if defined(__APPLE__)
+constexpr bool runsScriptAsRoot = true;
+#else
+constexpr bool runsScriptAsRoot = false;
+#endif
+
 // Exactly what an apply of FILE's text would hand to the administrator runner.
 int printWriteCommand(HostsDocument& document, bool appleScript) {
     const std::string text = serialized(document);
@@ -76,9 +83,8 @@ int printWriteCommand(HostsDocument& document, bool appleScript) {
         return exitFailure;
     }
     const std::string delimiter = PrivilegedWriter::newDelimiter();
-    if (appleScript || PrivilegedWriter::currentPlatform == PrivilegedWriter::Platform::MacOS) {
-        const std::string script =
-            PrivilegedWriter::writeScript(text, delimiter, PrivilegedWriter::Platform::MacOS);
+    if (appleScript || runsScriptAsRoot) {
+        const std::string script = PrivilegedWriter::writeScript(text, delimiter);
         return writeOut(appleScript ? PrivilegedWriter::appleScriptCommand(script) : script);
     }
     // Linux runs no script as root: the helper gets the loaded text and the new one as data.
