@@ -35,15 +35,20 @@ std::optional<QString> backUp(const QString& source, const QString& folder, cons
     return std::nullopt;
 }
 
-void prune(const QString& folder) {
-    const QDir dir(folder);
+QStringList names(const QString& folder) {
     // Only names that begin with "hosts_" exactly: a user's HOSTS_README is none of ours.
-    QStringList names = dir.entryList(
+    QStringList names = QDir(folder).entryList(
         {namePrefix + QLatin1Char('*')},
         QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive, QDir::NoSort);
     std::sort(names.begin(), names.end(), std::greater<>());
-    for (qsizetype i = kept; i < names.size(); ++i)
-        QFile::remove(dir.filePath(names[i])); // a failure leaves one extra backup; no harm done
+    return names;
+}
+
+void prune(const QString& folder) {
+    const QDir dir(folder);
+    const QStringList backups = names(folder);
+    for (qsizetype i = kept; i < backups.size(); ++i)
+        QFile::remove(dir.filePath(backups[i])); // a failure leaves one extra backup; no harm done
 }
 
 } // namespace Backups

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 // Dated copies of the hosts file, made before every write, of which the newest 20 are kept.
@@ -22,6 +23,9 @@ QString fileName(const QDateTime& when);
 // Copies `source` into `folder` (made if missing) under the dated name, never overwriting, then
 // prunes. Returns the error's description, or nothing on success.
 std::optional<QString> backUp(const QString& source, const QString& folder, const QDateTime& when);
+
+// The backups in `folder`, newest first: the files whose names begin with "hosts_" (case counts).
+QStringList names(const QString& folder);
 
 // Removes all but the newest `kept` files whose names begin with "hosts_"; touches nothing else
 // and swallows its own failures.

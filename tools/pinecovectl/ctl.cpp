@@ -160,23 +160,15 @@ private:
         return write(store_.serialized(), false);
     }
 
-    QStringList backupNames() const {
-        QStringList names =
-            QDir(backups_())
-                .entryList({Backups::namePrefix + QLatin1Char('*')},
-                           QDir::Files | QDir::CaseSensitive, QDir::Name | QDir::Reversed);
-        return names;
-    }
-
     int listBackups() {
         const QDir folder(backups_());
-        for (const QString& name : backupNames())
+        for (const QString& name : Backups::names(backups_()))
             out_ << name << "  " << QFileInfo(folder.filePath(name)).size() << " bytes" << Qt::endl;
         return done;
     }
 
     int restore() {
-        const QStringList names = backupNames();
+        const QStringList names = Backups::names(backups_());
         QString path;
         if (!arguments_.operands.isEmpty()) {
             const QString given = arguments_.operands.front();
