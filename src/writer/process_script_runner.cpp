@@ -12,12 +12,12 @@
 
 ProcessScriptRunner::ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
                                          std::function<std::string(const WriteRequest&)> transform,
-                                         std::optional<int> dismissedStatus)
+                                         std::optional<PromptStatuses> promptStatuses)
     : program_(std::move(program))
     , arguments_(std::move(arguments))
     , delivery_(delivery)
     , transform_(std::move(transform))
-    , dismissedStatus_(dismissedStatus) {}
+    , promptStatuses_(promptStatuses) {}
 
 std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError) {
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -80,13 +80,13 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
                      });
     QObject::connect(
         process, &QProcess::finished, process,
-        [process, shared, dismissed = dismissedStatus_](int exitCode, QProcess::ExitStatus status) {
+        [process, shared, prompt = promptStatuses_](int exitCode, QProcess::ExitStatus status) {
             const bool normal = status == QProcess::NormalExit;
             if (normal && exitCode == 0)
                 (*shared)(Succeeded{});
-            else if (normal && dismissed && exitCode == *dismissed)
+            else if (normal && prompt && exitCode == prompt->dismissed)
                 (*shared)(Failed{dismissedMessage()});
-            else if (normal && dismissed && exitCode == pkexecNotAuthorized)
+            else if (normal && prompt && exitCode == prompt->notAuthorized)
                 // pkexec's own text runs over three lines and speaks of "another user".
                 (*shared)(Failed{"Not authorized to update the hosts file."});
             else
@@ -126,6 +126,6 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
                                                      ProcessScriptRunner::Delivery::HelperInput);
     return std::make_shared<ProcessScriptRunner>(
         QStringLiteral("/usr/bin/pkexec"), QStringList{helper},
-        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecDismissed);
+        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecStatuses);
 #endif
 }

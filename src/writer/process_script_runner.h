@@ -20,11 +20,18 @@ public:
         // added to it while the prompt waits (Linux).
         HelperInput
     };
-    // `dismissedStatus` is an exit status by which the runner says its prompt was dismissed
-    // (pkexec has no other way to say so).
+    // The exit statuses by which a runner says its prompt was dismissed, or that the user may
+    // not do this (pkexec has no other way to say either).
+    struct PromptStatuses {
+        int dismissed;
+        int notAuthorized;
+    };
+    static constexpr PromptStatuses pkexecStatuses{126, 127};
+
+    // `promptStatuses`: the runner's own statuses, if it has any (see above).
     ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
                         std::function<std::string(const WriteRequest&)> transform = {},
-                        std::optional<int> dismissedStatus = std::nullopt);
+                        std::optional<PromptStatuses> promptStatuses = std::nullopt);
 
     void run(const WriteRequest& request, std::function<void(Outcome)> done) override;
 
@@ -33,14 +40,10 @@ public:
     // The message of a dismissed prompt; it carries the cancel marker.
     static std::string dismissedMessage();
 
-    // Exit statuses with which pkexec reports a dismissed authentication dialog, and a refusal.
-    static constexpr int pkexecDismissed = 126;
-    static constexpr int pkexecNotAuthorized = 127;
-
 private:
     QString program_;
     QStringList arguments_;
     Delivery delivery_;
     std::function<std::string(const WriteRequest&)> transform_;
-    std::optional<int> dismissedStatus_;
+    std::optional<PromptStatuses> promptStatuses_;
 };

@@ -14,10 +14,11 @@ namespace {
 
 // A stand-in for the administrator runner: /bin/sh running `behaviour`, with the delivered
 // text as $1.
-ProcessScriptRunner standIn(const QString& behaviour, std::optional<int> dismissed = std::nullopt) {
+ProcessScriptRunner standIn(const QString& behaviour,
+                            std::optional<ProcessScriptRunner::PromptStatuses> prompt = {}) {
     return ProcessScriptRunner(QStringLiteral("/bin/sh"),
                                {QStringLiteral("-c"), behaviour, QStringLiteral("stand-in")},
-                               ProcessScriptRunner::Delivery::LastArgument, {}, dismissed);
+                               ProcessScriptRunner::Delivery::LastArgument, {}, prompt);
 }
 
 struct Run {
@@ -139,18 +140,19 @@ private slots:
     }
 
     void aDismissedPromptCarriesTheCancelMarker() {
-        ProcessScriptRunner runner =
-            standIn(QStringLiteral("echo 'Not authorized' >&2; exit 126"), 126);
+        ProcessScriptRunner runner = standIn(QStringLiteral("echo 'Not authorized' >&2; exit 126"),
+                                             ProcessScriptRunner::pkexecStatuses);
         const std::string message = failedMessage(runToEnd(runner, "script"));
         QVERIFY(message.find("-128") != std::string::npos);
         // pkexec's refusal gets one plain line; any other failure keeps the runner's own text.
         ProcessScriptRunner refused = standIn(
             QStringLiteral("printf 'Error executing command as another user: Not authorized\\n\\n"
                            "This incident has been reported.\\n' >&2; exit 127"),
-            126);
+            ProcessScriptRunner::pkexecStatuses);
         QCOMPARE(failedMessage(runToEnd(refused, "script")),
                  std::string("Not authorized to update the hosts file."));
-        ProcessScriptRunner other = standIn(QStringLiteral("echo 'Disk full' >&2; exit 5"), 126);
+        ProcessScriptRunner other = standIn(QStringLiteral("echo 'Disk full' >&2; exit 5"),
+                                            ProcessScriptRunner::pkexecStatuses);
         QCOMPARE(failedMessage(runToEnd(other, "script")), std::string("Disk full"));
     }
 
