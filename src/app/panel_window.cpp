@@ -31,14 +31,17 @@ PanelWindow::PanelWindow(HostsStore& store, Style style)
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
     if (rootObject())
         connect(rootObject(), &QQuickItem::heightChanged, this, &PanelWindow::fixSizeToPanel);
-    style_ = style == Style::Popover ? Style::Window : Style::Popover; // so that setStyle acts
-    setStyle(style);
+    applyStyle();
 }
 
 void PanelWindow::setStyle(Style style) {
     if (style == style_)
         return;
     style_ = style;
+    applyStyle();
+}
+
+void PanelWindow::applyStyle() {
     const bool wasVisible = isVisible();
     if (wasVisible)
         hide(); // flags take effect on the next show

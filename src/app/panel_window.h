@@ -18,7 +18,6 @@ public:
     PanelWindow(HostsStore& store, Style style);
 
     void setStyle(Style style);
-    Style style() const { return style_; }
     // Opens the popover under `anchor` (the tray item's rectangle, or a point), or closes it if
     // it is open.
     void toggleAt(const QRect& anchor);
@@ -32,6 +31,8 @@ protected:
 
 private:
     void placeUnder(const QRect& anchor);
+    // Flags, colour and size of the current style; a visible window is shown again in it.
+    void applyStyle();
     void fixSizeToPanel();
 
     Style style_;
