@@ -40,10 +40,13 @@ ColorScheme::ColorScheme(QObject* parent)
                     this, SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
     }
     qApp->installEventFilter(this); // the palette changes with the desktop theme
-    set(portalPreference_ == 1 || (portalPreference_ == 0 && paletteIsDark()));
+    set(prefersDark());
 }
 
-bool ColorScheme::paletteIsDark() const {
+// The portal's preference where it states one, else the palette's lightness.
+bool ColorScheme::prefersDark() const {
+    if (portalPreference_ != 0)
+        return portalPreference_ == 1;
     return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
 }
 
@@ -52,13 +55,12 @@ void ColorScheme::portalSettingChanged(const QString& group, const QString& key,
     if (group != appearance || key != colorSchemeKey)
         return;
     portalPreference_ = unwrap(value.variant());
-    set(portalPreference_ == 1 || (portalPreference_ == 0 && paletteIsDark()));
+    set(prefersDark());
 }
 
 bool ColorScheme::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange &&
-        portalPreference_ == 0)
-        set(paletteIsDark());
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange)
+        set(prefersDark());
     return false;
 }
 

@@ -25,7 +25,7 @@ private slots:
 
 private:
     void set(bool dark);
-    bool paletteIsDark() const;
+    bool prefersDark() const;
 
     bool dark_ = false;
     // From the portal: 1 prefers dark, 2 prefers light, 0 no preference (then the palette).
