@@ -5,15 +5,15 @@
 
 namespace {
 
-struct CommandSpec {
+struct CommandForm {
     int minOperands;
     int maxOperands; // -1: any number
     QStringList options;
     QString help;
 };
 
-const QMap<QString, CommandSpec>& commands() {
-    static const QMap<QString, CommandSpec> specs{
+const QMap<QString, CommandForm>& commands() {
+    static const QMap<QString, CommandForm> forms{
         {QStringLiteral("list"),
          {0,
           0,
@@ -67,7 +67,7 @@ const QMap<QString, CommandSpec>& commands() {
                          "  to /etc/hosts byte for byte, after a fresh backup of the current "
                          "file.\n")}},
     };
-    return specs;
+    return forms;
 }
 
 } // namespace
@@ -80,8 +80,8 @@ QString ctlHelp(const QString& command) {
         "Edits /etc/hosts with Pinecove's guarantees: untouched lines stay byte for byte, a "
         "change\nmade by another program is never overwritten, a dated backup comes first, and "
         "the file is\nreplaced atomically behind the administrator prompt.\n\n");
-    for (const CommandSpec& spec : commands())
-        text += spec.help + QLatin1Char('\n');
+    for (const CommandForm& form : commands())
+        text += form.help + QLatin1Char('\n');
     text += QStringLiteral(
         "A writing command prints the difference it makes, then applies it; --dry-run prints it\n"
         "and writes nothing, --quiet prints one line instead. Exit status: 0 done (or nothing "
@@ -118,15 +118,15 @@ std::optional<CtlArguments> parseCtlArguments(const QStringList& words, QString&
         error = QStringLiteral("unknown command '%1'").arg(arguments.command);
         return std::nullopt;
     }
-    const CommandSpec& spec = commands()[arguments.command];
+    const CommandForm& form = commands()[arguments.command];
     for (const QString& option : options) {
-        if (!spec.options.contains(option)) {
+        if (!form.options.contains(option)) {
             error = QStringLiteral("'%1' does not take %2").arg(arguments.command, option);
             return std::nullopt;
         }
     }
     const auto count = arguments.operands.size();
-    if (count < spec.minOperands || (spec.maxOperands >= 0 && count > spec.maxOperands)) {
+    if (count < form.minOperands || (form.maxOperands >= 0 && count > form.maxOperands)) {
         error = QStringLiteral("wrong number of operands for '%1'").arg(arguments.command);
         return std::nullopt;
     }
