@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "run_process.h"
+#include "temporary_folder.h"
 
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 using pinecove::test::runProcess;
 
@@ -80,9 +80,8 @@ TEST(InspectCliTest, RefusesFilesItCannotReadAsUtf8) {
     const auto directory = inspect({"/"});
     EXPECT_EQ(directory.exitCode, 1);
 
-    std::string folder = std::filesystem::temp_directory_path() / "pinecove-XXXXXX";
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    const std::filesystem::path latin1 = std::filesystem::path(folder) / "latin1.hosts";
+    const pinecove::test::TemporaryFolder folder;
+    const std::filesystem::path latin1 = folder / "latin1.hosts";
     std::ofstream(latin1, std::ios::binary) << "127.0.0.1 caf\xE9.test\n";
     for (const std::string& mode : {"--serialize", "--toggle-all"}) {
         const auto result = inspect({mode, latin1.string()});
@@ -90,7 +89,6 @@ TEST(InspectCliTest, RefusesFilesItCannotReadAsUtf8) {
         EXPECT_NE(result.err.find(latin1.string()), std::string::npos);
         EXPECT_EQ(result.out, "");
     }
-    std::filesystem::remove_all(folder);
 
     EXPECT_EQ(inspect({"-"}, "\xFF").exitCode, 1);
     EXPECT_EQ(inspect({"--input", "\xFF"}).exitCode, 1);

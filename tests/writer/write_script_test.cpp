@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "run_process.h"
+#include "temporary_folder.h"
 #include "write_script.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <stdlib.h>
 
 using namespace PrivilegedWriter;
 
@@ -85,8 +85,8 @@ std::string unescapeAppleScriptLiteral(std::string_view literal) {
 }
 
 TEST(AppleScriptTest, CommandCarriesTheScriptUnchangedOnOneLine) {
-    const std::string script = writeScript("1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z' \r caf\u00e9\n",
-                                           delimiter);
+    const std::string script =
+        writeScript("1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z' \r caf\u00e9\n", delimiter);
     const std::string command = appleScriptCommand(script);
     const std::string head = "do shell script \"";
     const std::string tail = "\" with administrator privileges with prompt "
@@ -102,9 +102,8 @@ TEST(AppleScriptTest, CommandCarriesTheScriptUnchangedOnOneLine) {
 // Runs the here-document part of the real script into a temporary file: whatever the text holds,
 // the shell must expand nothing.
 TEST(WriteScriptTest, TheShellWritesTheTextByteForByte) {
-    std::string folder = std::filesystem::temp_directory_path() / "pinecove-XXXXXX";
-    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
-    const std::filesystem::path target = std::filesystem::path(folder) / "hosts";
+    const pinecove::test::TemporaryFolder folder;
+    const std::filesystem::path target = folder / "hosts";
     const std::string text = "127.0.0.1 a.test # $HOME `id` $(id) \\ \\\\ \" ' \r\n"
                              "# caf\u00e9 \u00A0 \t PINECOVE_EOF_ <<'X'\nno final line feed";
     const std::string script = writeScript(text, newDelimiter());
@@ -118,7 +117,6 @@ TEST(WriteScriptTest, TheShellWritesTheTextByteForByte) {
     std::ostringstream written;
     written << in.rdbuf();
     EXPECT_EQ(written.str(), text + "\n");
-    std::filesystem::remove_all(folder);
 }
 
 } // namespace
