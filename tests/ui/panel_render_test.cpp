@@ -29,9 +29,13 @@ class PanelRenderTest : public QObject {
 
     QString outputFolder_;
 
-    void render(PanelFixture& fixture, const QString& name) {
+    static bool shown(PanelFixture& fixture) {
         fixture.view().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        return QTest::qWaitForWindowExposed(&fixture.view());
+    }
+
+    void render(PanelFixture& fixture, const QString& name) {
+        QVERIFY(shown(fixture));
         QTest::qWait(350); // let transitions settle
         const QImage image = fixture.view().grabWindow();
         QCOMPARE(image.width(), qRound(360 * fixture.view().devicePixelRatio()));
@@ -84,8 +88,7 @@ private slots:
     void afterAnimatedRemoval() {
         PanelFixture fixture(fewEntries);
         fixture.setDark(false);
-        fixture.view().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QVERIFY(shown(fixture));
         QMetaObject::invokeMethod(fixture.find("entryList"), "forceActiveFocus");
         QTest::keyClick(&fixture.view(), Qt::Key_Delete);
         render(fixture, QStringLiteral("panel-after-removal"));
@@ -95,8 +98,7 @@ private slots:
         PanelFixture fixture(fewEntries + "127.0.0.1\tan-extremely-long-hostname-for-a-preview-"
                                           "environment.kubernetes.docker.internal extra.test\n");
         fixture.setDark(false);
-        fixture.view().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QVERIFY(shown(fixture));
         QMetaObject::invokeMethod(fixture.find("entryList"), "forceActiveFocus");
         render(fixture, QStringLiteral("panel-focus-long-name"));
     }
@@ -104,8 +106,7 @@ private slots:
     void menuDark() {
         PanelFixture fixture(fewEntries);
         fixture.setDark(true);
-        fixture.view().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view()));
+        QVERIFY(shown(fixture));
         QQuickItem* more = fixture.find("moreActions");
         QTest::mouseClick(&fixture.view(), Qt::LeftButton, {},
                           more->mapToScene(QPointF(9, 9)).toPoint());
