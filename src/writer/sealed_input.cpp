@@ -1,26 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "sealed_input.h"
 
-#include <cerrno>
+#include "descriptor_io.h"
+
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
-
-namespace {
-
-bool writeAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t put = ::write(fd, bytes.data(), bytes.size());
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
-
-} // namespace
 
 int sealedInput(std::string_view first, std::string_view second) {
 #if defined(__linux__)
@@ -28,8 +13,8 @@ int sealedInput(std::string_view first, std::string_view second) {
     if (fd < 0)
         return -1;
     const int seals = F_SEAL_SEAL | F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_WRITE;
-    if (!writeAll(fd, first) || !writeAll(fd, second) || ::fcntl(fd, F_ADD_SEALS, seals) != 0 ||
-        ::lseek(fd, 0, SEEK_SET) != 0) {
+    if (!pinecove::writeAll(fd, first) || !pinecove::writeAll(fd, second) ||
+        ::fcntl(fd, F_ADD_SEALS, seals) != 0 || ::lseek(fd, 0, SEEK_SET) != 0) {
         ::close(fd);
         return -1;
     }

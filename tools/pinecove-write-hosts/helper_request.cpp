@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "helper_request.h"
 
+#include "descriptor_io.h"
 #include "utf8.h"
 #include "write_script.h"
 
@@ -18,20 +19,6 @@ std::optional<std::size_t> parseSize(std::string_view digits, std::size_t max) {
         value > max)
         return std::nullopt;
     return value;
-}
-
-// Fills `out` with exactly its size in bytes; false on a short read or an error.
-bool readExactly(int fd, std::string& out) {
-    std::size_t done = 0;
-    while (done < out.size()) {
-        const ssize_t got = ::read(fd, out.data() + done, out.size() - done);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got <= 0)
-            return false;
-        done += static_cast<std::size_t>(got);
-    }
-    return true;
 }
 
 bool atEnd(int fd) {
@@ -62,7 +49,7 @@ std::optional<HelperRefusal> readRequest(int argc, const char* const* argv, int 
                              std::string(PrivilegedWriter::tooLargeMessage)};
     request.expected.resize(*expectedSize);
     request.text.resize(*size);
-    if (!readExactly(fd, request.expected) || !readExactly(fd, request.text))
+    if (!pinecove::readExactly(fd, request.expected) || !pinecove::readExactly(fd, request.text))
         return HelperRefusal{HelperStatus::refusedInput,
                              "The new hosts text arrived incomplete. Nothing was written."};
     if (!atEnd(fd))

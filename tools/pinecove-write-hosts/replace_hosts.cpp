@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "replace_hosts.h"
 
+#include "descriptor_io.h"
 #include "write_script.h"
 
 #include <cerrno>
@@ -33,19 +34,6 @@ std::optional<std::string> readFile(const std::string& path) {
     return text;
 }
 
-bool writeAll(int fd, const std::string& text) {
-    std::size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t put = ::write(fd, text.data() + done, text.size() - done);
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0)
-            return false;
-        done += static_cast<std::size_t>(put);
-    }
-    return true;
-}
-
 HelperRefusal writeFailure(const char* step) {
     return {HelperStatus::writeFailed, std::string("Could not write the hosts file (") + step +
                                            ": " + std::strerror(errno) + ")."};
@@ -75,7 +63,7 @@ std::optional<HelperRefusal> replaceHostsFile(const std::string& etc,
         return fail("chmod");
     if (::fchown(fd, 0, 0) != 0)
         return fail("chown");
-    if (!writeAll(fd, request.text))
+    if (!pinecove::writeAll(fd, request.text))
         return fail("write");
     if (::fsync(fd) != 0)
         return fail("sync");
