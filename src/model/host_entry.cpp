@@ -52,10 +52,12 @@ bool HostEntry::isSystem() const {
         return false;
     // Lists are partitioned by this on every change, so it compares in place, against a plain
     // array rather than the set, and without lower-cased copies of the names.
-    static const std::vector<std::string_view> system(systemHostnames().begin(), systemHostnames().end());
+    static const std::vector<std::string_view> system(systemHostnames().begin(),
+                                                      systemHostnames().end());
     for (const std::string_view name : hostnames_) {
-        const bool known = std::any_of(system.begin(), system.end(),
-                                       [&](std::string_view s) { return equalsLowercased(name, s); });
+        const bool known = std::any_of(system.begin(), system.end(), [&](std::string_view s) {
+            return equalsLowercased(name, s);
+        });
         if (!known)
             return false;
     }

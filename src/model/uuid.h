@@ -18,14 +18,13 @@ class Uuid {
 public:
     Uuid() = default; // the nil UUID
 
-    // A version-4 UUID drawn from the operating system's cryptographic random source.
+    // A version-4 UUID, distinct within this process.
     static Uuid random();
     // Accepts the canonical 8-4-4-4-12 form in either letter case.
     static std::optional<Uuid> fromString(std::string_view text);
 
     // Canonical form: 32 upper-case hexadecimal digits grouped 8-4-4-4-12.
     std::string toString() const;
-    bool isNull() const { return *this == Uuid(); }
     const std::array<std::uint8_t, 16>& bytes() const { return bytes_; }
 
     std::size_t hash() const noexcept {

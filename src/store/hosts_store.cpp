@@ -64,10 +64,6 @@ void HostsStore::load() {
     customOrder_.rebuild(document_);
     baseline_ = serialized();
     loadedDiskText_ = std::move(shared); // the same buffer the lines point into
-    emit linesChanged();
-    emit entriesChanged();
-    emit orderChanged();
-    emit baselineChanged();
     emit customEntriesReset();
     emit systemEntriesReset();
     announceDirty();
@@ -77,7 +73,6 @@ void HostsStore::load() {
 void HostsStore::toggle(const Uuid& id) {
     if (!toggleEntry(document_, id))
         return;
-    emit entriesChanged();
     if (const auto moved = customOrder_.toggled(*document_.entries.find(id))) {
         if (moved->first != moved->second)
             emit customEntryMoved(moved->first, moved->second);
@@ -89,8 +84,6 @@ void HostsStore::toggle(const Uuid& id) {
 void HostsStore::remove(const Uuid& id) {
     if (!deleteEntry(document_, id))
         return;
-    emit entriesChanged();
-    emit orderChanged();
     if (const auto at = customOrder_.removed(id))
         emit customEntryRemoved(*at);
     announceDirty();
@@ -100,9 +93,6 @@ bool HostsStore::add(const std::string& ip, const std::vector<std::string>& host
     const auto id = addEntry(document_, ip, hostnames);
     if (!id)
         return false;
-    emit entriesChanged();
-    emit orderChanged();
-    emit linesChanged();
     const HostEntry& entry = *document_.entries.find(*id);
     if (entry.isSystem())
         emit systemEntriesReset();
@@ -112,28 +102,15 @@ bool HostsStore::add(const std::string& ip, const std::vector<std::string>& host
     return true;
 }
 
-template <typename Visit> void HostsStore::forEachEntryInOrder(Visit&& visit) const {
-    // The entry lines stand in the order of `order` (file order, then additions), and each
-    // knows where its entry sits, so this reads the table front to back without hashing.
-    for (const Line& line : document_.lines)
-        if (line.isEntry())
-            if (const HostEntry* entry = document_.entries.find(line.entryId(), line.entryHint()))
-                visit(*entry);
-}
-
-std::vector<HostEntry> HostsStore::orderedEntries() const {
-    std::vector<HostEntry> entries;
-    entries.reserve(document_.entries.size());
-    forEachEntryInOrder([&](const HostEntry& entry) { entries.push_back(entry); });
-    return entries;
-}
-
 std::vector<HostEntry> HostsStore::systemEntries() const {
+    // The entry lines stand in file order, then additions, and each knows where its entry sits,
+    // so this reads the table front to back without hashing.
     std::vector<HostEntry> entries;
-    forEachEntryInOrder([&](const HostEntry& entry) {
-        if (entry.isSystem())
-            entries.push_back(entry);
-    });
+    for (const pinecove::Line& line : document_.lines)
+        if (line.isEntry())
+            if (const HostEntry* entry = document_.entries.find(line.entryId(), line.entryHint());
+                entry && entry->isSystem())
+                entries.push_back(*entry);
     return entries;
 }
 

@@ -17,18 +17,12 @@
 // The one model object of the app: the loaded hosts file, the user's pending edits, the lists
 // the panel shows, and the apply cycle. Used on the main thread only.
 //
-// Whether there are unapplied edits is always serialized() compared with baseline(), never a
-// flag kept by hand.
+// Whether there are unapplied edits is always serialized() compared with the text as loaded, never
+// a flag kept by hand.
 class HostsStore : public QObject {
     Q_OBJECT
-    Q_PROPERTY(bool isApplying READ isApplying NOTIFY isApplyingChanged)
-    Q_PROPERTY(QString lastError READ lastErrorText NOTIFY lastErrorChanged)
-    Q_PROPERTY(bool hasError READ hasError NOTIFY lastErrorChanged)
-    Q_PROPERTY(bool isDirty READ isDirty NOTIFY dirtyChanged)
 
 public:
-    using Line = pinecove::Line;
-
     // Everything the store touches outside itself, so tests touch the machine only where they
     // mean to. The defaults are the real ones.
     struct Environment {
@@ -49,19 +43,14 @@ public:
     ~HostsStore() override;
 
     // Published state.
-    const std::vector<Line>& lines() const { return document_.lines; }
     const pinecove::EntryTable& entries() const { return document_.entries; }
-    const std::vector<pinecove::Uuid>& order() const { return document_.order; }
-    const std::string& baseline() const { return baseline_; }
     bool isApplying() const { return isApplying_; }
-    const std::optional<QString>& lastError() const { return lastError_; }
     QString lastErrorText() const { return lastError_.value_or(QString()); }
     bool hasError() const { return lastError_.has_value(); }
 
     // Derived, computed on each call.
     std::string serialized() const { return pinecove::serialized(document_); }
     bool isDirty() const { return serialized() != baseline_; }
-    std::vector<pinecove::HostEntry> orderedEntries() const;
     std::vector<pinecove::HostEntry> systemEntries() const;
     std::vector<pinecove::HostEntry> customEntries() const;
     int activeCustomCount() const;
@@ -69,23 +58,19 @@ public:
     const CustomOrder& customOrder() const { return customOrder_; }
 
     // Reads the hosts file and replaces the model, or sets lastError and keeps the model.
-    Q_INVOKABLE void load();
+    void load();
     // Edits in memory. System entries and unknown ids are left alone.
     void toggle(const pinecove::Uuid& id);
     void remove(const pinecove::Uuid& id);
     bool add(const std::string& ip, const std::vector<std::string>& hostnames);
     // Checks for outside changes, backs up, writes and reloads; reports only through
     // isApplying and lastError. Returns at once; applyFinished() follows when the write ends.
-    Q_INVOKABLE void apply();
+    void apply();
     // The same flow for a whole text given as it is (restoring a backup byte for byte): nothing
     // when it equals the file as loaded.
     void applyText(const std::string& text);
 
 signals:
-    void linesChanged();
-    void entriesChanged();
-    void orderChanged();
-    void baselineChanged();
     void isApplyingChanged();
     void lastErrorChanged();
     // After every change that may change isDirty(), carrying its new value: the whole-text
@@ -102,7 +87,6 @@ signals:
     void applyFinished();
 
 private:
-    template <typename Visit> void forEachEntryInOrder(Visit&& visit) const;
     std::optional<std::string> readHostsFile() const;
     void announceDirty() { emit dirtyChanged(isDirty()); }
     void setApplying(bool applying);

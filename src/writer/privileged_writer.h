@@ -10,8 +10,8 @@
 
 namespace PrivilegedWriter {
 
-// Why a write did not happen: a WriteError from the size check or the runner, or a runner that
-// could not be started (its own description).
+// Why a write did not happen: the size check or the runner refused (`isWriteError`), or a runner
+// that could not be started (its own description).
 struct WriteFailure {
     std::string message;
     bool isWriteError = true;

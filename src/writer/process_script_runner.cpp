@@ -2,11 +2,11 @@
 #include "process_script_runner.h"
 
 #include "sealed_input.h"
+#include "utf8.h"
 #include "write_script.h"
 
 #include <QFileInfo>
 #include <QProcess>
-#include <QStringDecoder>
 #include <QTimer>
 #include <unistd.h>
 
@@ -20,10 +20,11 @@ ProcessScriptRunner::ProcessScriptRunner(QString program, QStringList arguments,
     , promptStatuses_(promptStatuses) {}
 
 std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError) {
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = utf8.decode(standardError);
     // Text that is not UTF-8 says nothing the user could read.
-    const QString message = utf8.hasError() ? QString() : decoded.trimmed();
+    const std::string_view bytes(standardError.constData(),
+                                 static_cast<std::size_t>(standardError.size()));
+    const QString message =
+        pinecove::isValidUtf8(bytes) ? QString::fromUtf8(standardError).trimmed() : QString();
     return message.isEmpty() ? std::string(PrivilegedWriter::fallbackMessage)
                              : message.toStdString();
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "write_script.h"
 
-#include "uuid.h"
-
 #include <algorithm>
 #include <array>
+#include <random>
 
 namespace PrivilegedWriter {
 
@@ -23,9 +22,17 @@ bool isTooLarge(std::string_view text) {
 }
 
 std::string newDelimiter() {
-    std::string hex = pinecove::Uuid::random().toString();
-    std::erase(hex, '-');
-    return std::string(delimiterPrefix) + hex;
+    // The text runs as root inside a here-document: a delimiter anyone could predict would let a
+    // line of the hosts file end it early, so every digit comes from the system's random source.
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::random_device source;
+    std::string delimiter(delimiterPrefix);
+    for (int word = 0; word < 4; ++word) {
+        const std::uint32_t bits = source();
+        for (int shift = 28; shift >= 0; shift -= 4)
+            delimiter += digits[(bits >> shift) & 0xF];
+    }
+    return delimiter;
 }
 
 std::string writeScript(std::string_view text, std::string_view delimiter) {

@@ -9,11 +9,6 @@
 // tested and printed (pinecove-inspect --script) without running it.
 namespace PrivilegedWriter {
 
-// The error of the privileged write; `message` is what the user is shown.
-struct WriteError {
-    std::string message;
-};
-
 inline constexpr std::size_t maxTextBytes = 199'999;
 inline constexpr std::string_view tooLargeMessage =
     "The hosts file is unexpectedly large. Refusing to write.";
@@ -27,7 +22,6 @@ inline constexpr std::string_view conflictMessage =
 // How a dismissed administrator dialog shows in an error's message (AppleScript's "user
 // canceled" number); the Linux runner reports a dismissal the same way.
 inline constexpr std::string_view cancelMarker = "-128";
-
 
 // A text of more than maxTextBytes UTF-8 bytes is refused before anything runs.
 bool isTooLarge(std::string_view text);

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "fake_script_runner.h"
-#include "hosts_store.h"
+#include "hosts_fixture.h"
 #include "panel_engine.h"
 #include "panel_window.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
@@ -14,19 +12,6 @@ Q_IMPORT_QML_PLUGIN(PinecovePlugin)
 
 class PanelWindowTest : public QObject {
     Q_OBJECT
-
-    QTemporaryDir dir_;
-
-    std::unique_ptr<HostsStore> store() {
-        const QString hosts = dir_.filePath(QStringLiteral("hosts"));
-        QFile file(hosts);
-        file.open(QIODevice::WriteOnly);
-        file.write("127.0.0.1 localhost\n127.0.0.1 myapp.test\n");
-        HostsStore::Environment environment;
-        environment.hostsPath = hosts;
-        environment.runner = std::make_shared<FakeScriptRunner>(hosts);
-        return std::make_unique<HostsStore>(environment);
-    }
 
 private slots:
     void initTestCase() { usePanelRenderer(); }
@@ -40,8 +25,10 @@ private slots:
 
     void closingTheWindowQuitsAndThePopoverHides() {
         QFETCH(bool, window);
-        auto hosts = store();
-        PanelWindow panel(*hosts, window ? PanelWindow::Style::Window : PanelWindow::Style::Popover);
+        HostsFixture hosts("127.0.0.1 myapp.test\n");
+        const auto store = hosts.store();
+        PanelWindow panel(*store,
+                          window ? PanelWindow::Style::Window : PanelWindow::Style::Popover);
         panel.present();
         QVERIFY(QTest::qWaitForWindowExposed(&panel));
         if (window) // a fixed size, which tiling compositors float rather than tile

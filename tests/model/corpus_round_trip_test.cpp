@@ -5,8 +5,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <sstream>
 
 using namespace pinecove;

@@ -49,28 +49,4 @@ TEST(EntryTableTest, AgreesWithAReferenceMapUnderRandomEdits) {
     EXPECT_FALSE(table.contains(Uuid::random()));
 }
 
-TEST(EntryTableTest, BulkBuiltTableFindsEveryEntry) {
-    std::vector<HostEntry> entries;
-    for (int i = 0; i < 5000; ++i)
-        entries.push_back(HostEntry::added("10.0.0.1", {"bulk" + std::to_string(i) + ".test"}));
-    const std::vector<HostEntry> copy = entries;
-    const EntryTable table(std::move(entries));
-    ASSERT_EQ(table.size(), copy.size());
-    for (std::size_t i = 0; i < copy.size(); ++i) {
-        EXPECT_EQ(*table.find(copy[i].id()), copy[i]);
-        EXPECT_EQ(table.find(copy[i].id(), static_cast<std::uint32_t>(i)),
-                  table.find(copy[i].id()));
-    }
-}
-
-TEST(EntryTableTest, InsertReplacesAnEntryWithTheSameId) {
-    EntryTable table;
-    HostEntry entry = HostEntry::added("127.0.0.1", {"a.test"});
-    table.insert(entry);
-    entry.setEnabled(false);
-    table.insert(entry);
-    EXPECT_EQ(table.size(), 1u);
-    EXPECT_FALSE(table.find(entry.id())->isEnabled());
-}
-
 } // namespace

@@ -130,23 +130,6 @@ private slots:
             QCOMPARE(idsOf(order), referenceOrder(document, collator));
         }
     }
-
-    void reportsWhereTheEntryMoved() {
-        HostsDocument document =
-            parseHostsText("10.0.0.1 a.test\n10.0.0.1 b.test\n10.0.0.1 c.test\n");
-        const HostnameCollation collation;
-        CustomOrder order(collation);
-        order.rebuild(document);
-        const Uuid a = document.order[0];
-        toggleEntry(document, a);
-        QCOMPARE(order.toggled(*document.entries.find(a)),
-                 (std::optional<std::pair<int, int>>{{0, 2}}));
-        toggleEntry(document, a);
-        QCOMPARE(order.toggled(*document.entries.find(a)),
-                 (std::optional<std::pair<int, int>>{{2, 0}}));
-        QCOMPARE(order.removed(document.order[1]), std::optional<int>(1));
-        QCOMPARE(order.removed(document.order[1]), std::nullopt);
-    }
 };
 
 QTEST_GUILESS_MAIN(CustomOrderTest)

@@ -1,36 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Both lists under QAbstractItemModelTester while the store is edited at random: every move,
 // insert and remove must be announced exactly as the rows change.
-
 #include "entry_list_model.h"
-#include "fake_script_runner.h"
-#include "hosts_store.h"
+#include "hosts_fixture.h"
 
 #include <QAbstractItemModelTester>
-#include <QFile>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
 #include <random>
 
 using namespace pinecove;
-
-namespace {
-
-// A store over a temporary hosts file holding `text`.
-std::unique_ptr<HostsStore> storeWith(const QTemporaryDir& dir, const QByteArray& text) {
-    const QString path = dir.filePath(QStringLiteral("hosts"));
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(text);
-    file.close();
-    HostsStore::Environment environment;
-    environment.hostsPath = path;
-    environment.runner = std::make_shared<FakeScriptRunner>(path);
-    return std::make_unique<HostsStore>(environment);
-}
-
-} // namespace
 
 class EntryListModelTest : public QObject {
     Q_OBJECT
@@ -39,70 +18,57 @@ private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     void followsTheStoreRowForRow() {
-        QByteArray text = "127.0.0.1 localhost\n";
+        std::string text = "127.0.0.1 localhost\n";
         for (int i = 0; i < 40; ++i)
-            text += QStringLiteral("%1127.0.0.%2 host%3.test\n")
-                        .arg(i % 3 ? "" : "#")
-                        .arg(i % 7)
-                        .arg(i % 11)
-                        .toUtf8();
-        QTemporaryDir dir;
-        const auto owned = storeWith(dir, text);
-        HostsStore& store = *owned;
-
-        EntryListModel custom(&store, EntryListModel::Kind::Custom);
-        EntryListModel system(&store, EntryListModel::Kind::System);
-        QAbstractItemModelTester customTester(
-            &custom, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        QAbstractItemModelTester systemTester(
-            &system, QAbstractItemModelTester::FailureReportingMode::QtTest);
-
+            text += (i % 3 ? "" : "#") + ("127.0.0." + std::to_string(i % 7)) + " host" +
+                    std::to_string(i % 11) + ".test\n";
+        HostsFixture hosts(text);
+        const auto store = hosts.store();
+        EntryListModel custom(store.get(), EntryListModel::Kind::Custom);
+        EntryListModel system(store.get(), EntryListModel::Kind::System);
+        using Tester = QAbstractItemModelTester;
+        Tester customTester(&custom, Tester::FailureReportingMode::QtTest);
+        Tester systemTester(&system, Tester::FailureReportingMode::QtTest);
+        const auto idAt = [&](int row) {
+            return custom.index(row).data(EntryListModel::IdRole).toString().toStdString();
+        };
         std::mt19937 random(5);
         for (int step = 0; step < 300; ++step) {
             const int rows = custom.rowCount();
             const int action = static_cast<int>(random() % 10);
+            const int row = rows > 0 ? static_cast<int>(random() % static_cast<unsigned>(rows)) : 0;
             if (action < 5 && rows > 0)
-                store.toggle(*Uuid::fromString(custom.index(static_cast<int>(random()) % rows)
-                                                   .data(EntryListModel::IdRole)
-                                                   .toString()
-                                                   .toStdString()));
+                store->toggle(*Uuid::fromString(idAt(row)));
             else if (action < 7 && rows > 0)
-                store.remove(*Uuid::fromString(custom.index(static_cast<int>(random()) % rows)
-                                                   .data(EntryListModel::IdRole)
-                                                   .toString()
-                                                   .toStdString()));
+                store->remove(*Uuid::fromString(idAt(row)));
             else if (action < 9)
-                store.add("10.0.0." + std::to_string(random() % 9),
-                          {"n" + std::to_string(step) + ".test"});
+                store->add("10.0.0." + std::to_string(random() % 9), {"n" + std::to_string(step)});
             else
-                store.load();
-
+                store->load();
             // The model's rows are the store's sorted custom entries, in order.
-            QCOMPARE(custom.rowCount(), store.customOrder().size());
-            for (int row = 0; row < custom.rowCount(); ++row)
-                QCOMPARE(custom.index(row).data(EntryListModel::IdRole).toString().toStdString(),
-                         store.customOrder().idAt(row).toString());
+            QCOMPARE(custom.rowCount(), store->customOrder().size());
+            for (int i = 0; i < custom.rowCount(); ++i)
+                QCOMPARE(idAt(i), store->customOrder().idAt(i).toString());
         }
-        QCOMPARE(system.rowCount(), 1);
-        QCOMPARE(system.index(0).data(EntryListModel::TitleRole).toString(),
-                 QStringLiteral("localhost"));
+        QCOMPARE(system.index(0).data(EntryListModel::TitleRole).toString(), "localhost");
     }
 
     void rolesCarryTheRowTexts() {
-        QTemporaryDir dir;
-        const auto owned = storeWith(dir, "#10.0.0.5 a.test b.test c.test\n");
-        HostsStore& store = *owned;
-        EntryListModel custom(&store, EntryListModel::Kind::Custom);
+        HostsFixture hosts("#10.0.0.5 a.test b.test c.test\n");
+        const auto store = hosts.store();
+        const EntryListModel custom(store.get(), EntryListModel::Kind::Custom);
         const QModelIndex row = custom.index(0);
-        QCOMPARE(row.data(EntryListModel::TitleRole).toString(), QStringLiteral("a.test"));
-        QCOMPARE(row.data(EntryListModel::BadgeRole).toString(), QStringLiteral("+2"));
-        QCOMPARE(row.data(EntryListModel::BadgeTooltipRole).toString(),
-                 QStringLiteral("b.test  c.test"));
-        QCOMPARE(row.data(EntryListModel::AddressRole).toString(), QStringLiteral("10.0.0.5"));
-        QCOMPARE(row.data(EntryListModel::EnabledRole).toBool(), false);
-        QCOMPARE(row.data(EntryListModel::AccessibleLabelRole).toString(),
-                 QStringLiteral("a.test, b.test, c.test, 10.0.0.5"));
-        QCOMPARE(row.data(EntryListModel::AccessibleValueRole).toString(), QStringLiteral("off"));
+        const std::vector<std::pair<int, QVariant>> roles = {
+            {EntryListModel::TitleRole, "a.test"},
+            {EntryListModel::BadgeRole, "+2"},
+            {EntryListModel::BadgeTooltipRole, "b.test  c.test"},
+            {EntryListModel::AddressRole, "10.0.0.5"},
+            {EntryListModel::EnabledRole, false},
+            {EntryListModel::AccessibleLabelRole, "a.test, b.test, c.test, 10.0.0.5"},
+            {EntryListModel::AccessibleValueRole, "off"},
+        };
+        for (const auto& [role, value] : roles)
+            QCOMPARE(row.data(role).toString(), value.toString());
     }
 };
 

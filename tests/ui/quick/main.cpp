@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Runs tst_*.qml against the real panel, a store over a temporary hosts file, and the fake
-// administrator runner.
-
-#include "fake_script_runner.h"
-#include "hosts_store.h"
+// Runs tst_*.qml against the real panel, a store over a hosts file of the test's own, and the
+// fake administrator runner.
 #include "panel_engine.h"
 #include "test_hosts.h"
 
 #include <QQmlEngine>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest>
 
@@ -23,29 +19,14 @@ public slots:
         QStandardPaths::setTestModeEnabled(true);
         usePanelRenderer();
     }
-
     void qmlEngineAvailable(QQmlEngine* engine) {
-        const QString path = dir_.filePath(QStringLiteral("hosts"));
-        runner_ = std::make_shared<FakeScriptRunner>(path);
-        HostsStore::Environment environment;
-        environment.hostsPath = path;
-        const QString backups = dir_.filePath(QStringLiteral("backups"));
-        // Every apply gets a name of its own: tests apply several times a second.
-        environment.backupsFolder = [backups] {
-            return backups;
-        };
-        environment.clock = [tick = std::make_shared<QDateTime>(QDateTime::currentDateTime())] {
-            return *tick = tick->addSecs(1);
-        };
-        environment.runner = runner_;
-        store_ = std::make_unique<HostsStore>(environment);
-        TestHosts::setUp(store_.get(), runner_.get(), path);
+        store_ = hosts_.store();
+        TestHosts::setUp(&hosts_, store_.get());
         setUpPanelEngine(*engine, *store_);
     }
 
 private:
-    QTemporaryDir dir_;
-    std::shared_ptr<FakeScriptRunner> runner_;
+    HostsFixture hosts_;
     std::unique_ptr<HostsStore> store_;
 };
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "hosts_fixture.h"
+
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
-
-class FakeScriptRunner;
-class HostsStore;
 
 // Lets a QML test set the scene: the hosts file's text, and how the next writes go.
 class TestHosts : public QObject {
@@ -14,8 +13,7 @@ class TestHosts : public QObject {
     QML_SINGLETON
 
 public:
-    static void setUp(HostsStore* store, FakeScriptRunner* runner, const QString& hostsPath);
-
+    static void setUp(HostsFixture* hosts, HostsStore* store);
     // Writes the file and loads it, as if the panel had just opened on it.
     Q_INVOKABLE void reset(const QString& text);
     // Writes the file behind the store's back, as another program would.

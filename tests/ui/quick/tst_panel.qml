@@ -179,10 +179,6 @@ TestCase {
         compare(Store.subtitle, "2 active \u00B7 1 off");
     }
 
-    function child(item, name) {
-        return findAll(item, c => c.objectName === name)[0];
-    }
-
     function focusName() {
         const f = panel.Window.activeFocusItem;
         return f.objectName === "mainControl" ? f.parent.parent.title : f.objectName;
@@ -222,64 +218,25 @@ TestCase {
         menu.close();
     }
 
-    function test_longTitlesElideBeforeTheBadgeAndTheTrash() {
-        const longName = "a-very-long-hostname-that-cannot-possibly-fit.kubernetes.docker.internal";
-        TestHosts.reset("10.0.0.1 " + longName + " second.test\n127.0.0.1 kubernetes.docker.internal\n");
-        const r = row(longName);
-        const title = child(r, "titleText");
-        const badge = child(r, "badge");
-        mouseMove(r, r.width / 2, r.height / 2);
-        const trash = child(r, "removeButton");
-        tryCompare(trash, "visible", true);
-        waitForRendering(r);
-        verify(title.truncated);
-        const trashLeft = trash.mapToItem(r, 0, 0).x;
-        verify(title.mapToItem(r, title.width, 0).x <= badge.mapToItem(r, 0, 0).x);
-        verify(badge.mapToItem(r, badge.width, 0).x <= trashLeft, "badge clear of the trash");
-        verify(!child(row("kubernetes.docker.internal"), "titleText").truncated);
-    }
-
-    function test_typingShowsAndHidesTheChips() {
-        type("myapp.test");
-        tryCompare(named("preview"), "visible", true);
-        expectChips(["127.0.0.1", "myapp.test"]);
+    function test_typingPreviewsAndReturnAdds() {
+        type("bad!name");
+        compare(named("preview").visible, false);
+        compare(named("plusSymbol").tint, Theme.secondary);
+        named("inputField").text = "10.0.0.5 a.test b.test"; // pasted whole
+        expectChips(["10.0.0.5", "a.test", "b.test"]);
         compare(named("plusSymbol").tint, Theme.green);
         named("inputField").clear();
         tryCompare(named("preview"), "visible", false);
-        compare(named("plusSymbol").tint, Theme.secondary);
-        type("bad!name");
-        compare(named("preview").visible, false);
+        type("ALPHA.test"); // taken: the text stays
+        keyClick(Qt.Key_Return);
+        compare(named("inputField").text, "ALPHA.test");
         named("inputField").clear();
-        named("inputField").text = "10.0.0.5 a.test b.test"; // pasted whole
-        expectChips(["10.0.0.5", "a.test", "b.test"]);
-    }
-
-    function test_returnAddsTheEntryAndClearsTheField() {
         type("  myapp.test  ");
+        expectChips(["127.0.0.1", "myapp.test"]);
         keyClick(Qt.Key_Return);
         compare(named("inputField").text, "");
         tryVerify(() => row("myapp.test") !== undefined);
         verify(named("applyBar").visible);
-        compare(Store.subtitle, "2 active \u00B7 1 off");
-    }
-
-    function test_returnOnATakenNameKeepsTheText() {
-        type("ALPHA.test");
-        expectChips(["127.0.0.1", "ALPHA.test"]);
-        keyClick(Qt.Key_Return);
-        compare(named("inputField").text, "ALPHA.test");
-        compare(rows().length, 2);
-        verify(!named("applyBar").visible);
-    }
-
-    function test_clickTogglesAndTogglingBackIsClean() {
-        mouseClick(mainControl(row("beta.test")));
-        compare(row("beta.test").enabled, false);
-        compare(Store.subtitle, "0 active \u00B7 2 off");
-        verify(named("applyBar").visible);
-        mouseClick(mainControl(row("beta.test")));
-        compare(row("beta.test").enabled, true);
-        tryVerify(() => !named("applyBar").visible); // it sinks with the row's animation
     }
 
     function test_reduceMotionChangesTheListAndTheBarAtOnce() {
@@ -293,40 +250,6 @@ TestCase {
         compare(liveDelegates(named("entryList")).map(d => d.title), ["beta.test"]);
     }
 
-    function test_keyboardTogglesAndRemoves() {
-        const control = mainControl(row("beta.test"));
-        control.forceActiveFocus();
-        keyClick(Qt.Key_Space);
-        compare(row("beta.test").enabled, false);
-        verify(control.activeFocus);
-        keyClick(Qt.Key_Delete);
-        tryVerify(() => row("beta.test") === undefined);
-    }
-
-    function test_trashAppearsOnHoverAndRemoves() {
-        const r = row("alpha.test");
-        const trash = findAll(r, item => item.objectName === "removeButton")[0];
-        compare(trash.visible, false);
-        mouseMove(r, r.width / 2, r.height / 2);
-        tryCompare(trash, "visible", true);
-        mouseClick(trash);
-        tryVerify(() => row("alpha.test") === undefined);
-        verify(named("applyBar").visible);
-    }
-
-    function test_contextMenuOffersTurnOffAndRemove() {
-        const r = row("beta.test");
-        mouseClick(r, 20, r.height / 2, Qt.RightButton);
-        const menu = r.contextMenu;
-        tryCompare(menu, "opened", true);
-        compare(menu.itemAt(0).text, "Turn Off");
-        compare(menu.itemAt(1).text, "Remove");
-        menu.itemAt(0).triggered();
-        compare(row("beta.test").enabled, false);
-        menu.itemAt(1).triggered();
-        tryVerify(() => row("beta.test") === undefined);
-    }
-
     function test_systemRowsRefuse() {
         panel.systemExpanded = true;
         tryVerify(() => row("localhost") !== undefined && row("localhost").width > 0);
@@ -336,17 +259,6 @@ TestCase {
         mouseClick(r, 20, r.height / 2, Qt.RightButton);
         verify(!named("applyBar").visible);
         compare(findAll(r, item => item.objectName === "removeButton")[0].visible, false);
-    }
-
-    function test_discardRestoresTheFile() {
-        mouseClick(mainControl(row("beta.test")));
-        type("new.test");
-        keyClick(Qt.Key_Return);
-        tryVerify(() => row("new.test") !== undefined);
-        mouseClick(named("discardButton"));
-        tryVerify(() => row("new.test") === undefined);
-        compare(row("beta.test").enabled, true);
-        verify(!named("applyBar").visible);
     }
 
     function test_applyShowsTheSpinnerUntilTheWriteEnds() {
@@ -366,14 +278,6 @@ TestCase {
         compare(TestHosts.fileText(), "127.0.0.1 localhost\n# 127.0.0.1 beta.test\n#10.0.0.5 alpha.test\n");
     }
 
-    function test_controlReturnApplies() {
-        mouseClick(mainControl(row("alpha.test")));
-        named("inputField").forceActiveFocus();
-        keyClick(Qt.Key_Return, Qt.ControlModifier);
-        tryVerify(() => !named("applyBar").visible);
-        compare(TestHosts.writesRequested(), 1);
-    }
-
     function test_bannerFollowsTheError() {
         TestHosts.failWrites("Not authorized");
         mouseClick(mainControl(row("beta.test")));
@@ -384,19 +288,6 @@ TestCase {
         tryVerify(() => named("errorBanner").y < named("applyBar").y); // once laid out
         keyClick(Qt.Key_R, Qt.ControlModifier); // Refresh: a good load clears the message
         tryCompare(named("errorBanner"), "visible", false);
-    }
-
-    function test_subtitleAndListHeightFollowTheRules() {
-        TestHosts.reset("127.0.0.1 localhost\n");
-        compare(Store.subtitle, "No custom entries");
-        const list = named("entryList");
-        tryVerify(() => list.height === Math.min(Math.max(list.contentHeight + 16, 1), 380));
-        let many = "";
-        for (let i = 0; i < 40; ++i)
-            many += "127.0.0." + i + " host" + i + ".test\n";
-        TestHosts.reset(many);
-        compare(Store.subtitle, "40 active");
-        tryCompare(list, "height", 380);
     }
 
     function test_appearingReloadsOnlyWhenClean() {
