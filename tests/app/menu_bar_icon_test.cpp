@@ -38,21 +38,16 @@ private slots:
     // On the panels each scheme implies, the nodes and the dot read at 3:1 or better, measured on
     // the pixels as the panel shows them, and unsaved changes add the dot and nothing else. The
     // composites are saved for review.
-    void readsOnThePanelsOfItsScheme_data() {
-        QTest::addColumn<QColor>("panel");
-        QTest::addColumn<bool>("darkScheme");
-        QTest::addColumn<qreal>("ratio");
-        for (const qreal ratio : {1.0, 2.0}) {
-            const QByteArray scale = QByteArray::number(ratio) + "x";
-            QTest::newRow("light #f6f5f4 " + scale) << QColor(0xf6f5f4) << false << ratio;
-            QTest::newRow("dark #303030 " + scale) << QColor(0x303030) << true << ratio;
-            QTest::newRow("black " + scale) << QColor(Qt::black) << true << ratio;
-        }
-    }
     void readsOnThePanelsOfItsScheme() {
-        QFETCH(QColor, panel);
-        QFETCH(bool, darkScheme);
-        QFETCH(qreal, ratio);
+        const std::pair<QColor, bool> panels[] = {
+            {QColor(0xf6f5f4), false}, {QColor(0x303030), true}, {QColor(Qt::black), true}};
+        for (const qreal ratio : {1.0, 2.0})
+            for (const auto& [panel, darkScheme] : panels)
+                readsOn(panel, darkScheme, ratio);
+    }
+
+private:
+    void readsOn(const QColor& panel, bool darkScheme, qreal ratio) {
         std::array<QImage, 2> shown;
         for (const bool dirty : {false, true}) {
             QImage& image = shown[dirty];

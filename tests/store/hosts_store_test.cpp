@@ -82,88 +82,74 @@ private slots:
         QVERIFY(!store->isDirty());
     }
 
-    void aFailedReloadKeepsTheModel_data() {
-        QTest::addColumn<bool>("removeFile");
-        QTest::newRow("file removed") << true;
-        QTest::newRow("file not UTF-8") << false;
-    }
     void aFailedReloadKeepsTheModel() {
-        QFETCH(bool, removeFile);
         HostsFixture hosts(sample);
         const auto store = hosts.store();
         store->toggle(store->customOrder().idAt(0));
-        if (removeFile)
-            QFile::remove(hosts.hostsPath());
-        else
-            hosts.write("127.0.0.1 caf\xE9.test\n");
-        store->load();
-        QCOMPARE(store->lastErrorText(), QStringLiteral("Could not read /etc/hosts"));
-        QVERIFY(store->isDirty()); // the edit survives
+        for (const std::string bad : {"", "127.0.0.1 caf\xE9.test\n"}) {
+            if (bad.empty())
+                QFile::remove(hosts.hostsPath());
+            else
+                hosts.write(bad);
+            store->load();
+            QCOMPARE(store->lastErrorText(), QStringLiteral("Could not read /etc/hosts"));
+            QVERIFY(store->isDirty()); // the edit survives
+        }
         store->apply();
         QCOMPARE(store->lastErrorText(), HostsStore::conflictMessage);
     }
 
-    void applyReportsEachOutcome_data() {
-        QTest::addColumn<QString>("change"); // what happens before or during the write
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<int>("writes");
-        QTest::addColumn<int>("backups");
-        QTest::newRow("written") << ""
-                                 << "" << 1 << 1;
-        QTest::newRow("changed by another app")
-            << "outside" << HostsStore::conflictMessage << 0 << 0;
-        QTest::newRow("backup folder is a file") << "no folder"
-                                                 << "Could not create the backups folder" << 0 << 0;
-        QTest::newRow("backup of this second exists") << "same second"
-                                                      << "already exists" << 0 << 0;
-        QTest::newRow("dismissed prompt") << "failed:User canceled. (-128)"
-                                          << "" << 1 << 1;
-        QTest::newRow("refused") << "failed:Not authorized"
-                                 << "Not authorized" << 1 << 1;
-        QTest::newRow("runner cannot start") << "not started:launch -128"
-                                             << "launch -128" << 1 << 1;
-        QTest::newRow("too large")
-            << "large"
-            << "The hosts file is unexpectedly large. Refusing to write." << 0 << 1;
-    }
     void applyReportsEachOutcome() {
-        QFETCH(QString, change);
-        QFETCH(QString, shown);
-        QFETCH(int, writes);
-        QFETCH(int, backups);
-        std::string text = sample;
-        while (change == QLatin1String("large") && text.size() < 200'000)
-            text += "0.0.0.0 blocked" + std::to_string(text.size()) + ".example.com\n";
-        HostsFixture hosts(text);
-        const auto store = hosts.store();
-        store->toggle(store->customOrder().idAt(0));
-        const std::string edited = store->serialized();
-        if (change == QLatin1String("outside"))
-            hosts.write(text + "# another app was here\n");
-        if (change == QLatin1String("no folder")) {
-            QDir().mkpath(QFileInfo(hosts.backupsFolder()).path());
-            QFile(hosts.backupsFolder()).open(QIODevice::WriteOnly);
+        struct Case {
+            QString change; // what happens before or during the write
+            QString shown;
+            int writes;
+            int backups;
+        };
+        const Case cases[] = {
+            {"", "", 1, 1},
+            {"outside", HostsStore::conflictMessage, 0, 0},
+            {"no folder", "Could not create the backups folder", 0, 0},
+            {"same second", "already exists", 0, 0},
+            {"failed:User canceled. (-128)", "", 1, 1},
+            {"failed:Not authorized", "Not authorized", 1, 1},
+            {"not started:launch -128", "launch -128", 1, 1},
+            {"large", "The hosts file is unexpectedly large. Refusing to write.", 0, 1},
+        };
+        for (const auto& [change, shown, writes, backups] : cases) {
+            std::string text = sample;
+            while (change == QLatin1String("large") && text.size() < 200'000)
+                text += "0.0.0.0 blocked" + std::to_string(text.size()) + ".example.com\n";
+            HostsFixture hosts(text);
+            const auto store = hosts.store();
+            store->toggle(store->customOrder().idAt(0));
+            const std::string edited = store->serialized();
+            if (change == QLatin1String("outside"))
+                hosts.write(text + "# another app was here\n");
+            if (change == QLatin1String("no folder")) {
+                QDir().mkpath(QFileInfo(hosts.backupsFolder()).path());
+                QFile(hosts.backupsFolder()).open(QIODevice::WriteOnly);
+            }
+            if (change == QLatin1String("same second"))
+                QDir().mkpath(hosts.backupsFolder() + '/' + Backups::fileName(hosts.now));
+            if (change.startsWith(QLatin1String("failed:")))
+                hosts.runner->outcome = ScriptRunner::Failed{change.mid(7).toStdString()};
+            if (change.startsWith(QLatin1String("not started:")))
+                hosts.runner->outcome = ScriptRunner::NotStarted{change.mid(12).toStdString()};
+            const std::string onDisk = hosts.read();
+            applyToEnd(*store);
+            const QString what = change + QStringLiteral(": ") + store->lastErrorText();
+            QVERIFY2(store->lastErrorText().contains(shown), qPrintable(what));
+            QVERIFY2(store->hasError() != shown.isEmpty(), qPrintable(what));
+            QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
+            QCOMPARE(hosts.backupCount(), backups);
+            QVERIFY(!store->isApplying());
+            const bool written = change.isEmpty();
+            QCOMPARE(hosts.read(), written ? edited : onDisk);
+            QCOMPARE(store->isDirty(), !written); // a write is read back at once
+            if (written)
+                QCOMPARE(hosts.read(hosts.backupsFolder() + "/hosts_2026-11-16_21.35.07"), sample);
         }
-        if (change == QLatin1String("same second"))
-            QDir().mkpath(hosts.backupsFolder() + QLatin1Char('/') + Backups::fileName(hosts.now));
-        if (change.startsWith(QLatin1String("failed:")))
-            hosts.runner->outcome = ScriptRunner::Failed{change.mid(7).toStdString()};
-        if (change.startsWith(QLatin1String("not started:")))
-            hosts.runner->outcome = ScriptRunner::NotStarted{change.mid(12).toStdString()};
-        const std::string onDisk = hosts.read();
-        applyToEnd(*store);
-        QVERIFY2(store->lastErrorText().contains(shown), qPrintable(store->lastErrorText()));
-        QCOMPARE(store->hasError(), !shown.isEmpty());
-        QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
-        QCOMPARE(hosts.backupCount(), backups);
-        QVERIFY(!store->isApplying());
-        const bool written = change.isEmpty();
-        QCOMPARE(hosts.read(), written ? edited : onDisk);
-        QCOMPARE(store->isDirty(), !written); // a write is read back at once
-        if (written)
-            QCOMPARE(
-                hosts.read(hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.35.07")),
-                sample);
     }
 
     void onlyOneApplyRunsAtATime() {

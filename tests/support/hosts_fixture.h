@@ -1,11 +1,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fake_script_runner.h"
 #include "hosts_store.h"
+#include "script_runner.h"
 
 #include <QTemporaryDir>
 #include <memory>
+#include <vector>
+
+// Stands in for the administrator runner. On success it writes the requested text to
+// `hostsPath`, as the real helper writes /etc/hosts; otherwise it reports `outcome`.
+class FakeScriptRunner : public ScriptRunner {
+public:
+    explicit FakeScriptRunner(QString hostsPath)
+        : hostsPath_(std::move(hostsPath)) {}
+
+    void run(const WriteRequest& request, std::function<void(Outcome)> done) override;
+    // With `hold` set, runs wait for release().
+    void release();
+
+    Outcome outcome = Succeeded{};
+    bool hold = false;
+    std::vector<WriteRequest> requests; // every write it was asked for
+
+private:
+    void complete(std::function<void(Outcome)> done);
+
+    QString hostsPath_;
+    std::function<void(Outcome)> held_;
+};
 
 // A hosts file of the test's own, with a backups folder beside it, a clock that starts at `now`
 // and the fake runner: what a store needs to run without touching the machine.

@@ -31,89 +31,52 @@ class PinecovectlTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void commands_data() {
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("runnerSays"); // a failure of the write, if any
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("said");
-        QTest::addColumn<QString>("file"); // the hosts file afterwards, when it changed
-        QTest::newRow("add") << "add 10.0.0.7 web.test api.TEST"
-                             << "" << 0 << "+10.0.0.7\tweb.test"
-                             << QString::fromStdString(sample + "\n10.0.0.7\tweb.test\n");
-        QTest::newRow("add, every name taken") << "add api.test"
-                                               << "" << 0 << "Nothing to do"
-                                               << "";
-        QTest::newRow("add, not a mapping") << "add 10.0.0.7 bad!name"
-                                            << "" << 1 << "is not a mapping"
-                                            << "";
-        QTest::newRow("off") << "off API.test"
-                             << "" << 0 << "+# 127.0.0.1 Api.test"
-                             << "127.0.0.1\tlocalhost\n# dev\n# 127.0.0.1 Api.test\n#10.0.0.5 "
-                                "staging.test # off for now\n";
-        QTest::newRow("on, one already on") << "on staging.test api.test"
-                                            << "" << 0 << "+10.0.0.5 staging.test"
-                                            << "127.0.0.1\tlocalhost\n# dev\n127.0.0.1 "
-                                               "Api.test\n10.0.0.5 staging.test # off for now\n";
-        QTest::newRow("remove") << "remove staging.test api.test"
-                                << "" << 0 << "-127.0.0.1 Api.test"
-                                << "127.0.0.1\tlocalhost\n# dev\n";
-        QTest::newRow("dry run") << "remove api.test --dry-run"
-                                 << "" << 0 << "-127.0.0.1 Api.test"
-                                 << "";
-        QTest::newRow("quiet")
-            << "remove api.test --quiet"
-            << "" << 0 << "Wrote /etc/hosts"
-            << "127.0.0.1\tlocalhost\n# dev\n#10.0.0.5 staging.test # off for now\n";
-        QTest::newRow("system entry") << "off localhost"
-                                      << "" << 1 << "system's own"
-                                      << "";
-        QTest::newRow("unknown name") << "remove nothing.test"
-                                      << "" << 1 << "No entry has"
-                                      << "";
-        QTest::newRow("unknown command") << "frob"
-                                         << "" << 2 << "unknown command"
-                                         << "";
-        QTest::newRow("option of another command") << "list --dry-run"
-                                                   << "" << 2 << "does not take"
-                                                   << "";
-        QTest::newRow("no operands") << "off"
-                                     << "" << 2 << "wrong number"
-                                     << "";
-        QTest::newRow("list") << "list"
-                              << "" << 0
-                              << "on   127.0.0.1  Api.test\noff  10.0.0.5   staging.test\n"
-                              << "";
-        QTest::newRow("list --all --json")
-            << "list --all --json"
-            << "" << 0
-            << R"({"enabled":true,"hostnames":["localhost"],"ip":"127.0.0.1","system":true})"
-            << "";
-        QTest::newRow("help for one command") << "restore --help"
-                                              << "" << 0 << "pinecovectl restore [BACKUP]"
-                                              << "";
-        QTest::newRow("changed during the prompt")
-            << "add new.test" << QString::fromUtf8(PrivilegedWriter::conflictMessage.data()) << 1
-            << "changed by another app"
-            << "";
-        QTest::newRow("dismissed prompt") << "add new.test"
-                                          << "Request dismissed (-128)" << 1 << "Cancelled."
-                                          << "";
-    }
     void commands() {
-        QFETCH(QString, line);
-        QFETCH(QString, runnerSays);
-        QFETCH(int, status);
-        QFETCH(QString, said);
-        QFETCH(QString, file);
-        HostsFixture hosts(sample);
-        if (!runnerSays.isEmpty())
-            hosts.runner->outcome = ScriptRunner::Failed{runnerSays.toStdString()};
-        const auto [returned, output] = run(hosts, line);
-        QCOMPARE(returned, status);
-        QVERIFY2(output.contains(said), qPrintable(output));
-        QCOMPARE(QString::fromStdString(hosts.read()),
-                 file.isEmpty() ? QString::fromStdString(sample) : file);
-        QCOMPARE(hosts.backupCount(), file.isEmpty() && runnerSays.isEmpty() ? 0 : 1);
+        const QString conflict = QString::fromUtf8(PrivilegedWriter::conflictMessage.data());
+        struct Case {
+            QString line;
+            QString runnerSays; // a failure of the write, if any
+            int status;
+            QString said;
+            std::string file; // the hosts file afterwards, when it changed
+        };
+        const Case cases[] = {
+            {"add 10.0.0.7 web.test api.TEST", "", 0, "+10.0.0.7\tweb.test",
+             sample + "\n10.0.0.7\tweb.test\n"},
+            {"add api.test", "", 0, "Nothing to do", ""},
+            {"add 10.0.0.7 bad!name", "", 1, "is not a mapping", ""},
+            {"off API.test", "", 0, "+# 127.0.0.1 Api.test",
+             "127.0.0.1\tlocalhost\n# dev\n# 127.0.0.1 Api.test\n#10.0.0.5 staging.test # off for "
+             "now\n"},
+            {"on staging.test api.test", "", 0, "+10.0.0.5 staging.test",
+             "127.0.0.1\tlocalhost\n# dev\n127.0.0.1 Api.test\n10.0.0.5 staging.test # off for "
+             "now\n"},
+            {"remove staging.test api.test", "", 0, "-127.0.0.1 Api.test",
+             "127.0.0.1\tlocalhost\n# dev\n"},
+            {"remove api.test --dry-run", "", 0, "-127.0.0.1 Api.test", ""},
+            {"remove api.test --quiet", "", 0, "Wrote /etc/hosts",
+             "127.0.0.1\tlocalhost\n# dev\n#10.0.0.5 staging.test # off for now\n"},
+            {"off localhost", "", 1, "system's own", ""},
+            {"remove nothing.test", "", 1, "No entry has", ""},
+            {"frob", "", 2, "unknown command", ""},
+            {"list --dry-run", "", 2, "does not take", ""},
+            {"off", "", 2, "wrong number", ""},
+            {"list", "", 0, "on   127.0.0.1  Api.test\noff  10.0.0.5   staging.test\n", ""},
+            {"list --all --json", "", 0,
+             R"({"enabled":true,"hostnames":["localhost"],"ip":"127.0.0.1","system":true})", ""},
+            {"restore --help", "", 0, "pinecovectl restore [BACKUP]", ""},
+            {"add new.test", conflict, 1, conflict, ""},
+            {"add new.test", "Request dismissed (-128)", 1, "Cancelled.", ""},
+        };
+        for (const auto& [line, runnerSays, status, said, file] : cases) {
+            HostsFixture hosts(sample);
+            if (!runnerSays.isEmpty())
+                hosts.runner->outcome = ScriptRunner::Failed{runnerSays.toStdString()};
+            const auto [returned, output] = run(hosts, line);
+            QVERIFY2(returned == status && output.contains(said), qPrintable(line + ": " + output));
+            QCOMPARE(hosts.read(), file.empty() ? sample : file);
+            QCOMPARE(hosts.backupCount(), file.empty() && runnerSays.isEmpty() ? 0 : 1);
+        }
     }
 
     void restoreWritesTheBackupByteForByte() {

@@ -35,39 +35,30 @@ class ProcessScriptRunnerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    // /bin/sh stands in for the runner, with the delivered text as $1.
-    void readsTheOutcome_data() {
-        QTest::addColumn<QString>("behaviour");
-        QTest::addColumn<bool>(
-            "pkexec"); // with pkexec's statuses for a dismissed or refused prompt
-        QTest::addColumn<QString>("outcome");
-        const QString fallback = QStringLiteral("failed: Writing the hosts file failed.");
-        QTest::newRow("status 0") << "echo 'ignored' >&2; exit 0" << false << "ok";
-        QTest::newRow("only a line feed") << "printf '\\n' >&2; exit 1" << false << fallback;
-        QTest::newRow("trimmed text")
-            << "printf '  some error\\n' >&2; exit 1" << false << "failed: some error";
-        QTest::newRow("not UTF-8") << "printf 'bad \\377\\376\\n' >&2; exit 1" << false << fallback;
-        QTest::newRow("killed by a signal") << "kill -9 $$" << false << fallback;
-        QTest::newRow("the text is one argument")
-            << "printf '%s' \"$1\" >&2; exit 2" << false << "failed: a \"q\" \\ $x `y`";
-        QTest::newRow("dismissed") << "echo 'Not authorized' >&2; exit 126" << true
-                                   << "failed: The administrator prompt was dismissed. (-128)";
-        QTest::newRow("refused")
-            << "printf 'Error executing command as another user\\n\\nreported\\n' >&2; exit 127"
-            << true << "failed: Not authorized to update the hosts file.";
-        QTest::newRow("the helper's own failure")
-            << "echo 'Disk full' >&2; exit 5" << true << "failed: Disk full";
-    }
+    // /bin/sh stands in for the runner, with the delivered text as $1; with pkexec's statuses
+    // for a dismissed or refused prompt where told.
     void readsTheOutcome() {
-        QFETCH(QString, behaviour);
-        QFETCH(bool, pkexec);
-        QFETCH(QString, outcome);
-        ProcessScriptRunner runner(QStringLiteral("/bin/sh"),
-                                   {QStringLiteral("-c"), behaviour, QStringLiteral("stand-in")},
-                                   ProcessScriptRunner::Delivery::LastArgument, {},
-                                   pkexec ? std::optional(ProcessScriptRunner::pkexecStatuses)
-                                          : std::nullopt);
-        QCOMPARE(runToEnd(runner, WriteRequest{"a \"q\" \\ $x `y`", {}}), outcome);
+        const QString fallback = QStringLiteral("failed: Writing the hosts file failed.");
+        const std::tuple<QString, bool, QString> cases[] = {
+            {"echo 'ignored' >&2; exit 0", false, "ok"},
+            {"printf '\\n' >&2; exit 1", false, fallback},
+            {"printf '  some error\\n' >&2; exit 1", false, "failed: some error"},
+            {"printf 'bad \\377\\376\\n' >&2; exit 1", false, fallback},
+            {"kill -9 $$", false, fallback},
+            {"printf '%s' \"$1\" >&2; exit 2", false, "failed: a \"q\" \\ $x `y`"},
+            {"echo 'Not authorized' >&2; exit 126", true,
+             "failed: The administrator prompt was dismissed. (-128)"},
+            {"printf 'Error executing command as another user\\n\\nreported\\n' >&2; exit 127",
+             true, "failed: Not authorized to update the hosts file."},
+            {"echo 'Disk full' >&2; exit 5", true, "failed: Disk full"},
+        };
+        for (const auto& [behaviour, pkexec, outcome] : cases) {
+            ProcessScriptRunner runner(
+                QStringLiteral("/bin/sh"), {QStringLiteral("-c"), behaviour, QStringLiteral("sh")},
+                ProcessScriptRunner::Delivery::LastArgument, {},
+                pkexec ? std::optional(ProcessScriptRunner::pkexecStatuses) : std::nullopt);
+            QCOMPARE(runToEnd(runner, WriteRequest{"a \"q\" \\ $x `y`", {}}), outcome);
+        }
         ProcessScriptRunner missing(QStringLiteral("/nonexistent/pkexec"), {},
                                     ProcessScriptRunner::Delivery::LastArgument);
         QVERIFY(runToEnd(missing, {}).startsWith("not started: /nonexistent/pkexec is missing"));
