@@ -1,69 +1,39 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool. Type
-# myapp.test, press Return, then Ctrl+Return; the hosts file must end with the new line, a backup
-# must exist, and the panel must be clean again (the apply bar gone).
-#
-# It writes the real path /etc/hosts, so it runs as root inside a private mount namespace where
-# a temporary folder is bound over /etc. Where that is impossible it reports a skip (77).
-#
-# In "atspi" mode the panel is read and driven through AT-SPI instead, as a screen reader does,
-# on a private session bus with its own accessibility bus (atspi_probe.py).
-#
-# In "late-tray" mode the tray host starts after Pinecove, as at a login with autostart: the
-# window must give way to a tray item, and come back when the tray goes away.
-#
-# In "sni" mode a minimal StatusNotifierWatcher (sni.py) on a private session bus stands in for
-# the trays of KDE, waybar and GNOME's AppIndicator extension, started after Pinecove: the item
-# registers, Activate opens the panel, its menu offers the three actions, and an edit shows in
-# its tooltip and icon.
-#
+# Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool, writing
+# the real path /etc/hosts as root in a private mount namespace (see private_etc.sh). Modes:
+# - tray, window: type myapp.test, Return, Ctrl+Return; the file ends with the new line, a backup
+#   holds the old one, and the panel is clean again.
+# - atspi: the panel read and driven through AT-SPI, as a screen reader does (atspi_probe.py).
+# - late-tray: the tray host starts after Pinecove; the window gives way to a tray item, and
+#   comes back when the tray goes away.
+# - sni: a minimal StatusNotifierWatcher (sni.py), started after Pinecove, stands in for the trays
+#   of KDE, waybar and GNOME's extension: the item registers, Activate opens the panel, its menu
+#   offers the three actions, and an edit shows in its tooltip and icon.
 # Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi|late-tray|sni
 set -euo pipefail
-
 app=$1
 shots=$2
 mode=$3
 
 skip() { echo "SKIPPED: $*"; exit 77; }
+for tool in Xvfb xdotool import; do
+    command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
+done
+case $mode in
+tray | late-tray) command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
+sni) /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed" ;;
+atspi) [ -x /usr/libexec/at-spi-bus-launcher ] && /usr/bin/python3 -c 'import pyatspi' 2>/dev/null ||
+    skip "at-spi2-core or python3-pyatspi is not installed" ;;
+esac
+# shellcheck source=../support/private_etc.sh
+. "$(dirname "$0")/../support/private_etc.sh"
+export PINECOVE_COPY_ETC=1 # the app and X need much of /etc
+in_private_etc "$@"
+mkdir -p "$work/data"
+printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n\n# local development\n127.0.0.1\tapi.test\n' >/etc/hosts
+cp /etc/hosts "$work/original-hosts"
 
-if [ "${4:-}" != "--inside" ]; then
-    [ "$(id -u)" -eq 0 ] || skip "the acceptance test needs root (it writes /etc/hosts in a private namespace)"
-    unshare --mount --propagation private true 2>/dev/null ||
-        skip "private mount namespaces are unavailable here"
-    for tool in Xvfb xdotool import; do
-        command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
-    done
-    case $mode in tray | late-tray)
-        command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
-    esac
-    if [ "$mode" = sni ]; then
-        command -v dbus-daemon >/dev/null || skip "D-Bus is not installed"
-        /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed"
-    fi
-    if [ "$mode" = atspi ]; then
-        [ -x /usr/libexec/at-spi-bus-launcher ] && command -v dbus-daemon >/dev/null ||
-            skip "AT-SPI (at-spi2-core) or D-Bus is not installed"
-        /usr/bin/python3 -c 'import pyatspi' 2>/dev/null || skip "python3-pyatspi is not installed"
-    fi
-
-    work=$(mktemp -d)
-    trap 'rm -rf "$work"' EXIT
-    mkdir -p "$work/etc" "$work/data"
-    # What the app, X and the write script need of /etc.
-    cp -a /etc/passwd /etc/group /etc/nsswitch.conf /etc/fonts "$work/etc/"
-    # Debian reaches some tools (ImageMagick's import among them) through /etc/alternatives.
-    for extra in /etc/alternatives /etc/ImageMagick-6 /etc/ImageMagick-7; do
-        [ -d "$extra" ] && cp -a "$extra" "$work/etc/"
-    done
-    printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n\n# local development\n127.0.0.1\tapi.test\n' >"$work/etc/hosts"
-    cp "$work/etc/hosts" "$work/original-hosts"
-    unshare --mount --propagation private -- /bin/sh -c 'mount --bind "$1/etc" /etc && exec "$2" "$3" "$4" "$5" --inside "$1"' \
-        sh "$work" "$0" "$app" "$shots" "$mode"
-    exit $?
-fi
-
-work=$5
 window=""
 fail() {
     echo "FAILED: $*"
