@@ -48,9 +48,9 @@ fail() {
 export XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
 # shellcheck source=../../scripts/xvfb.sh
 . "$(dirname "$0")/../../scripts/xvfb.sh"
-# Polls for a condition for up to ten seconds: fixed sleeps fail on a busy machine.
+# Polls for a condition for up to twenty seconds: fixed sleeps fail on a busy machine.
 wait_for() {
-    for _ in $(seq 100); do
+    for _ in $(seq 200); do
         "$@" && return 0
         sleep 0.1
     done
@@ -112,12 +112,8 @@ panel_window() {
         fi
     done
 }
-for _ in $(seq 100); do
-    window=$(panel_window)
-    [ -n "$window" ] && break
-    sleep 0.2
-done
-[ -n "$window" ] || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
+window_shown() { window=$(panel_window) && [ -n "$window" ]; }
+wait_for window_shown || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
 if [ "$mode" = sni ]; then
     xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
     sleep 0.3
@@ -129,8 +125,7 @@ if [ "$mode" = sni ]; then
     [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
     xdotool key Escape
     kill "$watcher_pid"
-    window_back() { [ -n "$(panel_window)" ]; }
-    wait_for window_back || fail "the window did not come back when the tray went away"
+    wait_for window_shown || fail "the window did not come back when the tray went away"
     echo "PASSED (sni): registered late, activated, menu, tooltip and icon follow the edit, window when the tray left"
     exit 0
 fi
@@ -141,8 +136,7 @@ if [ "$mode" = late-tray ]; then
     tray_item_shown() { xdotool search --onlyvisible --class pinecove >/dev/null 2>&1 && [ -z "$(panel_window)" ]; }
     wait_for tray_item_shown || fail "the late tray did not get the item, or the window stayed"
     kill "$tray_pid"
-    window_back() { [ -n "$(panel_window)" ]; }
-    wait_for window_back || fail "the window did not come back when the tray went away"
+    wait_for window_shown || fail "the window did not come back when the tray went away"
     echo "PASSED (late-tray): adopted by a tray that came late, back to a window when it left"
     exit 0
 fi

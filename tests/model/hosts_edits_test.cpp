@@ -34,19 +34,6 @@ TEST(HostsEditsTest, ToggleWritesTheLineFromItsRawText) {
     }
 }
 
-TEST(HostsEditsTest, WritingBackEndsInExactlyOneLineFeed) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"", "\n"},
-        {"\n\n\n", "\n"},
-        {"a\n127.0.0.1 x.test", "a\n127.0.0.1 x.test\n"},
-        {"a\n\n\n\n", "a\n"},
-        {"\n\na\n\n\nb\n", "\n\na\n\n\nb\n"},
-        {"a\r\nb\r", "a\r\nb\r\n"},
-    };
-    for (const auto& [text, written] : cases)
-        EXPECT_EQ(serialized(parseHostsText(text)), written) << text;
-}
-
 TEST(HostsEditsTest, AddsOnlyNamesNoEntryHas) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
         {{"new.test"}, "127.0.0.1\tnew.test"},

@@ -5,28 +5,36 @@
 #include "script_runner.h"
 
 #include <QTemporaryDir>
+#include <QTimer>
 #include <memory>
 #include <vector>
 
-// Stands in for the administrator runner. On success it writes the requested text to
-// `hostsPath`, as the real helper writes /etc/hosts; otherwise it reports `outcome`.
+// Stands in for the administrator runner: on success it hands the text to `write`, as the real
+// helper writes /etc/hosts; otherwise it reports `outcome`. With `hold` set, a run waits for
+// release().
 class FakeScriptRunner : public ScriptRunner {
 public:
-    explicit FakeScriptRunner(QString hostsPath)
-        : hostsPath_(std::move(hostsPath)) {}
-
-    void run(const WriteRequest& request, std::function<void(Outcome)> done) override;
-    // With `hold` set, runs wait for release().
-    void release();
+    explicit FakeScriptRunner(std::function<void(const std::string&)> write)
+        : write_(std::move(write)) {}
+    void run(const WriteRequest& request, std::function<void(Outcome)> done) override {
+        requests.push_back(request);
+        held_ = std::move(done);
+        if (!hold)
+            QTimer::singleShot(0, [this] { release(); });
+    }
+    void release() {
+        if (held_ && std::holds_alternative<Succeeded>(outcome))
+            write_(requests.back().text);
+        if (held_)
+            std::exchange(held_, nullptr)(outcome);
+    }
 
     Outcome outcome = Succeeded{};
     bool hold = false;
     std::vector<WriteRequest> requests; // every write it was asked for
 
 private:
-    void complete(std::function<void(Outcome)> done);
-
-    QString hostsPath_;
+    std::function<void(const std::string&)> write_;
     std::function<void(Outcome)> held_;
 };
 
@@ -34,7 +42,7 @@ private:
 // and the fake runner: what a store needs to run without touching the machine.
 class HostsFixture {
 public:
-    explicit HostsFixture(const std::string& text = {});
+    explicit HostsFixture(const std::string& text = {}) { write(text); }
     HostsStore::Environment environment();
     std::unique_ptr<HostsStore> store() { return std::make_unique<HostsStore>(environment()); }
     QString hostsPath() const { return dir_.filePath(QStringLiteral("hosts")); }
@@ -43,10 +51,10 @@ public:
     std::string read(const QString& path = {}) const; // the hosts file unless told
     int backupCount() const;
 
-private:
-    QTemporaryDir dir_; // first: the runner is made with its path
-
-public:
-    std::shared_ptr<FakeScriptRunner> runner;
+    std::shared_ptr<FakeScriptRunner> runner =
+        std::make_shared<FakeScriptRunner>([this](const std::string& text) { write(text); });
     QDateTime now = QDateTime(QDate(2026, 11, 16), QTime(21, 35, 7));
+
+private:
+    QTemporaryDir dir_;
 };

@@ -13,7 +13,9 @@ void TestHosts::setUp(HostsFixture* hosts, HostsStore* store) {
 
 void TestHosts::reset(const QString& text) {
     theHosts->write(text.toStdString());
-    *theHosts->runner = FakeScriptRunner(theHosts->hostsPath());
+    theHosts->runner->outcome = ScriptRunner::Succeeded{};
+    theHosts->runner->hold = false;
+    theHosts->runner->requests.clear();
     theStore->load();
 }
 
