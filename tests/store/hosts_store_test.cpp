@@ -21,13 +21,6 @@ const std::string sample = "##\n"
                            "10.0.0.3 Alpha.test # second\n"
                            "127.0.0.1 localhost extra.test\n";
 
-std::vector<std::string> namesOf(const std::vector<HostEntry>& entries) {
-    std::vector<std::string> names;
-    for (const HostEntry& entry : entries)
-        names.emplace_back(std::string(entry.hostnames().front()) + "@" + std::string(entry.ip()));
-    return names;
-}
-
 void applyToEnd(HostsStore& store) {
     QSignalSpy finished(&store, &HostsStore::applyFinished);
     store.apply();
@@ -44,18 +37,6 @@ private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
     // A failed test may leave a queued completion behind; run it while its runner exists.
     void cleanup() { QCoreApplication::processEvents(); }
-
-    void listsSystemEntriesApartAndSortsCustomOnes() {
-        HostsFixture hosts(sample);
-        const auto store = hosts.store();
-        QCOMPARE(namesOf(store->systemEntries()), std::vector<std::string>{"localhost@127.0.0.1"});
-        // Enabled first; then by name ignoring case; then by address; ties keep file order.
-        QCOMPARE(namesOf(store->customEntries()),
-                 (std::vector<std::string>{"alpha.test@10.0.0.3", "Alpha.test@10.0.0.3",
-                                           "Beta.test@10.0.0.1", "localhost@127.0.0.1",
-                                           "alpha.test@10.0.0.2"}));
-        QCOMPARE(store->customEntries()[0].comment(), std::optional<std::string_view>("first"));
-    }
 
     void editsMoveRowsAndUndoingThemIsClean() {
         HostsFixture hosts(sample);

@@ -21,7 +21,8 @@ public slots:
     }
     void qmlEngineAvailable(QQmlEngine* engine) {
         store_ = hosts_.store();
-        TestHosts::setUp(&hosts_, store_.get());
+        TestHosts::hosts = &hosts_;
+        TestHosts::store = store_.get();
         setUpPanelEngine(*engine, *store_);
     }
 

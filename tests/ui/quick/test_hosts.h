@@ -3,7 +3,6 @@
 
 #include "hosts_fixture.h"
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 // Lets a QML test set the scene: the hosts file's text, and how the next writes go.
@@ -13,14 +12,24 @@ class TestHosts : public QObject {
     QML_SINGLETON
 
 public:
-    static void setUp(HostsFixture* hosts, HostsStore* store);
+    inline static HostsFixture* hosts = nullptr;
+    inline static HostsStore* store = nullptr;
+
     // Writes the file and loads it, as if the panel had just opened on it.
-    Q_INVOKABLE void reset(const QString& text);
+    Q_INVOKABLE void reset(const QString& text) {
+        hosts->write(text.toStdString());
+        hosts->runner->outcome = ScriptRunner::Succeeded{};
+        hosts->runner->hold = false;
+        hosts->runner->requests.clear();
+        store->load();
+    }
     // Writes the file behind the store's back, as another program would.
-    Q_INVOKABLE void writeBehind(const QString& text);
-    Q_INVOKABLE QString fileText() const;
-    Q_INVOKABLE void failWrites(const QString& message);
-    Q_INVOKABLE void holdWrites(bool hold);
-    Q_INVOKABLE void releaseWrite();
-    Q_INVOKABLE int writesRequested() const;
+    Q_INVOKABLE void writeBehind(const QString& text) { hosts->write(text.toStdString()); }
+    Q_INVOKABLE QString fileText() const { return QString::fromStdString(hosts->read()); }
+    Q_INVOKABLE void failWrites(const QString& message) {
+        hosts->runner->outcome = ScriptRunner::Failed{message.toStdString()};
+    }
+    Q_INVOKABLE void holdWrites(bool hold) { hosts->runner->hold = hold; }
+    Q_INVOKABLE void releaseWrite() { hosts->runner->release(); }
+    Q_INVOKABLE int writesRequested() const { return int(hosts->runner->requests.size()); }
 };
