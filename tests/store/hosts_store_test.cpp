@@ -38,23 +38,16 @@ private slots:
     // A failed test may leave a queued completion behind; run it while its runner exists.
     void cleanup() { QCoreApplication::processEvents(); }
 
-    void editsMoveRowsAndUndoingThemIsClean() {
+    // Each change announces whether the text now differs from the file; undoing is clean. Ids
+    // from an earlier load and system entries change nothing.
+    void undoingAnEditIsClean() {
         HostsFixture hosts(sample);
         const auto store = hosts.store();
-        QSignalSpy moved(store.get(), &HostsStore::customEntryMoved);
         QSignalSpy dirty(store.get(), &HostsStore::dirtyChanged);
-        const Uuid beta = store->customOrder().idAt(2);
-        store->toggle(beta);
-        QCOMPARE(moved.at(0), (QVariantList{2, 4}));
-        QCOMPARE(store->activeCustomCount(), 3);
-        store->toggle(beta);
-        QCOMPARE(dirty.count(), 2);
-        QCOMPARE(dirty.at(1).at(0).toBool(), false);
-        QVERIFY(!store->add("127.0.0.1", {"BETA.test"}));
-        QVERIFY(store->add("127.0.0.1", {"myapp.test"}));
-        QCOMPARE(store->serialized(), sample + "\n127.0.0.1\tmyapp.test\n");
-        // Ids from an earlier load and system entries change nothing.
-        const Uuid stale = store->customOrder().idAt(0);
+        const Uuid stale = store->customOrder().idAt(2);
+        store->toggle(stale);
+        store->toggle(stale);
+        QCOMPARE(dirty, (QList<QVariantList>{{true}, {false}}));
         store->load();
         for (const Uuid& id : {stale, store->systemEntries().front().id()}) {
             store->toggle(id);
