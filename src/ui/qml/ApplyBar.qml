@@ -103,8 +103,8 @@ Rectangle {
             id: discardButton
 
             objectName: "discardButton"
-            implicitWidth: discardText.implicitWidth
-            implicitHeight: discardText.implicitHeight
+            implicitWidth: implicitContentWidth
+            implicitHeight: implicitContentHeight
             focusPolicy: Qt.TabFocus
             Accessible.name: "Discard"
             // Qt 6.4 does not route a screen reader's press to a Quick button by itself.
@@ -112,8 +112,6 @@ Rectangle {
             onClicked: Store.load()
 
             contentItem: Text {
-                id: discardText
-
                 text: "Discard"
                 color: Theme.secondary
                 font.pixelSize: Theme.captionSize
@@ -130,8 +128,12 @@ Rectangle {
 
             objectName: "applyButton"
             enabled: !Store.isApplying
-            implicitWidth: applyLabel.implicitWidth + 24
-            implicitHeight: applyLabel.implicitHeight + 10
+            leftPadding: 12
+            rightPadding: 12
+            topPadding: 5
+            bottomPadding: 5
+            implicitWidth: implicitContentWidth + leftPadding + rightPadding
+            implicitHeight: implicitContentHeight + topPadding + bottomPadding
             focusPolicy: Qt.TabFocus
             Accessible.name: Store.isApplying ? "Applying changes" : "Apply changes"
             Accessible.onPressAction: clicked()
@@ -155,31 +157,26 @@ Rectangle {
                 }
             }
 
-            contentItem: Item {
-                RowLayout {
-                    id: applyLabel
+            contentItem: RowLayout {
+                spacing: 5
 
-                    anchors.centerIn: parent
-                    spacing: 5
+                // All of the button's content is white, the spinner too.
+                BusyIndicator {
+                    objectName: "applySpinner"
+                    visible: Store.isApplying
+                    running: visible
+                    implicitWidth: 10
+                    implicitHeight: 10
+                    padding: 0
+                    palette.text: "white"
+                    palette.dark: "white"
+                }
 
-                    // All of the button's content is white, the spinner too.
-                    BusyIndicator {
-                        objectName: "applySpinner"
-                        visible: Store.isApplying
-                        running: visible
-                        implicitWidth: 10
-                        implicitHeight: 10
-                        padding: 0
-                        palette.text: "white"
-                        palette.dark: "white"
-                    }
-
-                    Text {
-                        text: "Apply"
-                        color: "white"
-                        font.pixelSize: Theme.captionSize
-                        font.weight: Font.DemiBold
-                    }
+                Text {
+                    text: "Apply"
+                    color: "white"
+                    font.pixelSize: Theme.captionSize
+                    font.weight: Font.DemiBold
                 }
             }
 

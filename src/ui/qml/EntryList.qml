@@ -54,7 +54,7 @@ ListView {
 
     function acceptsClickOn(entryId) {
         const now = Date.now();
-        const repeat = now - lastClickTime < Qt.styleHints.mouseDoubleClickInterval;
+        const repeat = now - lastClickTime < Application.styleHints.mouseDoubleClickInterval;
         if (repeat && entryId !== lastClickedId)
             return false;
         lastClickedId = entryId;
@@ -62,17 +62,25 @@ ListView {
         return true;
     }
 
+    // Delegates, header and footer reach the list through ListView.view, typed as what it is.
     delegate: EntryRow {
+        readonly property EntryList list: ListView.view as EntryList
+
         width: list.width - 2 * list.padding
+        onTabbedOut: forward => list.leave(forward)
     }
 
     header: EmptyState {
+        readonly property EntryList list: ListView.view as EntryList
+
         width: list.width - 2 * list.padding
         visible: list.count === 0
         height: visible ? implicitHeight : 0
     }
 
     footer: SystemSection {
+        readonly property EntryList list: ListView.view as EntryList
+
         width: list.width - 2 * list.padding
         topPadding: list.count > 0 ? 6 : 0
         expanded: list.systemExpanded

@@ -22,6 +22,9 @@ FocusScope {
     required property string accessibleValue
     required property string accessibleHint
 
+    // Tab or Shift+Tab on the row: focus leaves the list, forward or back.
+    signal tabbedOut(bool forward)
+
     readonly property bool hovered: hover.hovered
     readonly property alias contextMenu: contextMenu
 
@@ -103,8 +106,8 @@ FocusScope {
             Keys.onReturnPressed: row.toggle()
             Keys.onDeletePressed: row.remove()
             // The list is one stop in the Tab order; Up and Down move between its rows.
-            Keys.onTabPressed: row.ListView.view.leave(true)
-            Keys.onBacktabPressed: row.ListView.view.leave(false)
+            Keys.onTabPressed: row.tabbedOut(true)
+            Keys.onBacktabPressed: row.tabbedOut(false)
 
             TapHandler {
                 enabled: !row.system

@@ -13,7 +13,7 @@ MenuItem {
     property bool destructive: false
 
     font.pixelSize: Theme.calloutSize
-    implicitWidth: Math.max(implicitBackgroundWidth, label.implicitWidth + 24)
+    implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + 24)
 
     background: Rectangle {
         implicitHeight: 24
@@ -22,8 +22,6 @@ MenuItem {
     }
 
     contentItem: RowLayout {
-        id: label
-
         spacing: 16
 
         Text {

@@ -12,7 +12,8 @@ RowLayout {
 
     Image {
         source: "qrc:/qt/qml/Pinecove/symbols/appicon.svg"
-        sourceSize: Qt.size(90, 90)
+        sourceSize.width: 90
+        sourceSize.height: 90
         Layout.preferredWidth: 30
         Layout.preferredHeight: 30
         smooth: true

@@ -22,7 +22,7 @@ Item {
             }] : []
         delegate: Rectangle {
             required property var modelData
-            anchors.centerIn: dot
+            anchors.centerIn: parent
             width: modelData.d
             height: width
             radius: width / 2

@@ -18,7 +18,8 @@ Item {
     Image {
         anchors.fill: parent
         source: "image://symbol/" + symbol.name + "/" + symbol.tint
-        sourceSize: Qt.size(Math.ceil(symbol.size * 3), Math.ceil(symbol.size * 3))
+        sourceSize.width: Math.ceil(symbol.size * 3)
+        sourceSize.height: Math.ceil(symbol.size * 3)
         fillMode: Image.PreserveAspectFit
         smooth: true
         mipmap: true
