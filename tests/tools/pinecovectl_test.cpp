@@ -79,16 +79,6 @@ private slots:
         }
     }
 
-    void restoreWritesTheBackupByteForByte() {
-        HostsFixture hosts(sample);
-        QCOMPARE(run(hosts, "add one.test").first, 0);
-        QCOMPARE(run(hosts, "add two.test").first, 0); // the same second
-        QCOMPARE(run(hosts, "backups").second.count(QStringLiteral("hosts_")), 2);
-        QCOMPARE(run(hosts, "restore").first, 0);
-        QCOMPARE(hosts.read(), sample + "\n127.0.0.1\tone.test\n");
-        QCOMPARE(hosts.backupCount(), 3);
-    }
-
     // The panel and pinecovectl make the same edits through the same store.
     void thePanelWritesTheSameBytes() {
         HostsFixture byCtl(sample), byPanel(sample);
