@@ -113,13 +113,19 @@ panel_window() {
     done
 }
 window_shown() { window=$(panel_window) && [ -n "$window" ]; }
-wait_for window_shown || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
-if [ "$mode" = sni ]; then
+height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
+# Clicks into the input field at the bottom of the panel, as a user would, and adds myapp.test.
+add_in_panel() {
     xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
+    sleep 0.5
+    xdotool mousemove --window "$window" 180 $(($(height) - 28)) click 1
     sleep 0.3
-    xdotool mousemove --window "$window" 180 $(($(xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p') - 28)) click 1
     xdotool type --delay 40 "myapp.test"
     xdotool key Return
+}
+wait_for window_shown || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
+if [ "$mode" = sni ]; then
+    add_in_panel
     unsaved() { [ "$(sni get ToolTip)" = "Pinecove, unsaved changes" ]; }
     wait_for unsaved || fail "the tooltip after an edit: $(sni get ToolTip)"
     [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
@@ -145,19 +151,11 @@ if [ "$mode" = atspi ]; then
     echo "PASSED (atspi): rows, texts, Discard and Apply work through AT-SPI"
     exit 0
 fi
-xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
-sleep 0.5
-height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
 taller_than() { [ "$(height)" -gt "$1" ]; }
 shorter_than() { [ "$(height)" -lt "$1" ]; }
 ends_with_new_line() { [ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp.test')" ]; }
 clean_height=$(height)
-
-# Into the input field at the bottom of the panel, as a user would click.
-xdotool mousemove --window "$window" 180 $((clean_height - 28)) click 1
-sleep 0.3
-xdotool type --delay 40 "myapp.test"
-xdotool key Return
+add_in_panel
 wait_for taller_than "$clean_height" || fail "no apply bar after Return (height stays $(height))"
 sleep 0.3 # the bar's entrance
 dirty_height=$(height)
