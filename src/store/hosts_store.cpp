@@ -169,7 +169,7 @@ void HostsStore::applyText(const std::string& text) {
                 return;
             if (!failure) {
                 load();
-                finishApply(std::nullopt);
+                finishApply(std::nullopt, true);
             } else if (failure->isWriteError &&
                        failure->message.find(PrivilegedWriter::cancelMarker) != std::string::npos) {
                 finishApply(std::nullopt); // the user dismissed the prompt: nothing to report
@@ -179,9 +179,9 @@ void HostsStore::applyText(const std::string& text) {
         });
 }
 
-void HostsStore::finishApply(std::optional<QString> error) {
+void HostsStore::finishApply(std::optional<QString> error, bool written) {
     if (error)
         setLastError(std::move(error));
     setApplying(false);
-    emit applyFinished();
+    emit applyFinished(written);
 }

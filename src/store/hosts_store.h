@@ -47,6 +47,8 @@ public:
     bool isApplying() const { return isApplying_; }
     QString lastErrorText() const { return lastError_.value_or(QString()); }
     bool hasError() const { return lastError_.has_value(); }
+    // The file's text as last loaded: what an apply replaces.
+    const std::string& loadedText() const { return *loadedDiskText_; }
 
     // Derived, computed on each call.
     std::string serialized() const { return pinecove::serialized(document_); }
@@ -84,14 +86,16 @@ signals:
     void customEntryRemoved(int position);
     // The system entries changed as a whole (after a load).
     void systemEntriesReset();
-    void applyFinished();
+    // An apply that got under way has ended: `written` tells a write from a dismissed prompt or a
+    // failure.
+    void applyFinished(bool written);
 
 private:
     std::optional<std::string> readHostsFile() const;
     void announceDirty() { emit dirtyChanged(isDirty()); }
     void setApplying(bool applying);
     void setLastError(std::optional<QString> error);
-    void finishApply(std::optional<QString> error);
+    void finishApply(std::optional<QString> error, bool written = false);
 
     Environment environment_;
     HostnameCollation collation_;

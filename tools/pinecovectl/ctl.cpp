@@ -49,7 +49,6 @@ public:
         QTextStream& err)
         : arguments_(arguments)
         , backups_(environment.backupsFolder ? environment.backupsFolder : Backups::defaultFolder)
-        , hostsPath_(environment.hostsPath)
         , store_(std::move(environment))
         , out_(out)
         , err_(err) {}
@@ -189,8 +188,7 @@ private:
 
     // Shows the difference, then (unless a dry run) writes through the store's apply flow.
     int write(const std::string& text, bool wholeText) {
-        const auto current = readBytes(hostsPath_).value_or(std::string());
-        const QString diff = unifiedDiff(current, text);
+        const QString diff = unifiedDiff(store_.loadedText(), text);
         if (diff.isEmpty()) {
             out_ << "Nothing to do: /etc/hosts already holds that text." << Qt::endl;
             return done;
@@ -200,7 +198,11 @@ private:
         if (arguments_.dryRun)
             return done;
         QEventLoop loop;
-        QObject::connect(&store_, &HostsStore::applyFinished, &loop, &QEventLoop::quit);
+        bool written = false;
+        QObject::connect(&store_, &HostsStore::applyFinished, &loop, [&](bool wrote) {
+            written = wrote;
+            loop.quit();
+        });
         if (wholeText)
             store_.applyText(text);
         else
@@ -209,7 +211,7 @@ private:
             loop.exec();
         if (store_.hasError())
             return fail(store_.lastErrorText());
-        if (readBytes(hostsPath_) != text)
+        if (!written)
             return fail(QStringLiteral("Cancelled."));
         if (arguments_.quiet)
             out_ << "Wrote /etc/hosts (" << text.size() << " bytes); the old one is backed up."
@@ -219,7 +221,6 @@ private:
 
     const CtlArguments& arguments_;
     std::function<QString()> backups_;
-    QString hostsPath_;
     HostsStore store_;
     QTextStream& out_;
     QTextStream& err_;
