@@ -126,21 +126,6 @@ private slots:
         }
     }
 
-    void onlyOneApplyRunsAtATime() {
-        HostsFixture hosts(sample);
-        const auto store = hosts.store();
-        hosts.runner->hold = true;
-        store->toggle(store->customOrder().idAt(0));
-        store->apply();
-        store->apply();
-        QCOMPARE(hosts.runner->requests.size(), 1u);
-        // Edits made while the write runs are replaced by the reload that follows it.
-        store->add("127.0.0.1", {"during.test"});
-        hosts.runner->release();
-        QVERIFY(!store->isApplying());
-        QVERIFY(!store->isDirty());
-    }
-
     void backupsKeepTheNewestTwentyOfOurs_data() {
         QTest::addColumn<int>("existing");
         QTest::newRow("19 existing") << 19;
