@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: MIT
+// The model's promises over many texts: random ones built from the pieces parsers get wrong, the
+// project's sample files and any real-world corpus beside the clone; and the entry table against a
+// plain map under random edits.
+#include "entry_table.h"
+#include "hosts_document.h"
 #include "model_invariants.h"
+#include "utf8.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <random>
+#include <sstream>
+#include <unordered_map>
 
+using namespace pinecove;
 using namespace pinecove::test;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -64,6 +77,90 @@ TEST(ModelPropertiesTest, HoldForRandomTexts) {
         const auto failure = checkModelInvariants(text);
         ASSERT_FALSE(failure) << *failure << "\nfor the text:\n" << ::testing::PrintToString(text);
     }
+}
+
+// Random inserts and erases checked against a plain map: catches broken probe runs after
+// backward-shift deletion, stale positions after the dense vector is compacted, and lost
+// entries across index growth.
+TEST(EntryTableTest, AgreesWithAReferenceMapUnderRandomEdits) {
+    std::mt19937 random(7);
+    EntryTable table;
+    std::unordered_map<Uuid, std::string, UuidHash> reference;
+    std::vector<Uuid> ids;
+
+    for (int step = 0; step < 20000; ++step) {
+        const bool grow = ids.empty() || random() % 3 != 0;
+        if (grow) {
+            const std::string name = "n" + std::to_string(step) + ".test";
+            HostEntry entry = HostEntry::added("127.0.0.1", {name});
+            ids.push_back(entry.id());
+            reference[entry.id()] = name;
+            const std::uint32_t position = table.insert(std::move(entry));
+            ASSERT_EQ(table.find(ids.back(), position)->hostnames().front(), name);
+        } else {
+            const std::size_t pick = random() % ids.size();
+            ASSERT_TRUE(table.erase(ids[pick]));
+            ASSERT_FALSE(table.erase(ids[pick]));
+            reference.erase(ids[pick]);
+            ids[pick] = ids.back();
+            ids.pop_back();
+        }
+        if (step % 997 == 0) {
+            ASSERT_EQ(table.size(), reference.size());
+            for (const auto& [id, name] : reference) {
+                const HostEntry* found = table.find(id);
+                ASSERT_NE(found, nullptr);
+                ASSERT_EQ(found->hostnames().front(), name);
+                // A stale or wrong position must still find the right entry.
+                ASSERT_EQ(table.find(id, 0)->id(), id);
+            }
+        }
+    }
+    EXPECT_FALSE(table.contains(Uuid::random()));
+}
+
+std::string readBytes(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+std::vector<fs::path> hostsFilesIn(const fs::path& dir) {
+    std::vector<fs::path> files;
+    for (const auto& item : fs::directory_iterator(dir))
+        if (item.path().extension() == ".hosts")
+            files.push_back(item.path());
+    return files;
+}
+
+void expectByteForByte(const std::vector<fs::path>& files) {
+    for (const fs::path& file : files) {
+        SCOPED_TRACE(file.filename().string());
+        const std::string text = readBytes(file);
+        ASSERT_TRUE(isValidUtf8(text));
+        const auto failure = test::checkModelInvariants(text);
+        EXPECT_FALSE(failure) << *failure;
+    }
+}
+
+// The project's own sample files and a block list from its generator.
+TEST(CorpusRoundTripTest, OwnSamplesSurviveByteForByte) {
+    std::vector<fs::path> files = hostsFilesIn(PINECOVE_TEST_DATA_DIR);
+    ASSERT_GE(files.size(), 6u);
+    files.push_back(PINECOVE_GENERATED_HOSTS);
+    expectByteForByte(files);
+}
+
+// Real-world files kept beside the clone, where there are any: reported as skipped otherwise.
+TEST(CorpusRoundTripTest, ExtraCorpusSurvivesByteForByte) {
+    const fs::path dir = PINECOVE_CORPUS_DIR;
+    const std::vector<fs::path> files =
+        fs::is_directory(dir) ? hostsFilesIn(dir) : std::vector<fs::path>{};
+    if (files.empty())
+        GTEST_SKIP() << "no extra corpus at " << dir << ": only the project's own files ran";
+    std::cout << "extra corpus: " << files.size() << " files from " << dir << '\n';
+    expectByteForByte(files);
 }
 
 } // namespace
