@@ -6,10 +6,7 @@
 # that the installed files pass their validators, and that removal takes every file away.
 set -euo pipefail
 
-skip() {
-    echo "SKIPPED: $*"
-    exit 77
-}
+skip() { echo "SKIPPED: $*"; exit 77; }
 
 if [ "${1:-}" != "--inside" ]; then
     source_dir=$1
@@ -32,10 +29,7 @@ for dir in usr etc var; do
         "/$dir" || skip "overlay mounts are not allowed here"
 done
 
-fail() {
-    echo "FAILED: $*"
-    exit 1
-}
+fail() { echo "FAILED: $*"; exit 1; }
 
 DEBIAN_FRONTEND=noninteractive dpkg -i "$deb" >/dev/null
 helper=/usr/libexec/pinecove/pinecove-write-hosts

@@ -21,8 +21,7 @@ std::vector<Uuid> referenceOrder(const HostsDocument& document, const QCollator&
         if (const HostEntry* entry = document.entries.find(id); entry && !entry->isSystem())
             custom.push_back(entry);
     auto firstName = [](const HostEntry* e) {
-        return e->hostnames().empty() ? QString()
-                                      : QString::fromStdString(std::string(e->hostnames().front()));
+        return QString::fromStdString(std::string(e->hostnames().front()));
     };
     std::stable_sort(custom.begin(), custom.end(), [&](const HostEntry* a, const HostEntry* b) {
         if (a->isEnabled() != b->isEnabled())

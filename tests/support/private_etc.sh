@@ -19,3 +19,10 @@ in_private_etc() {
     [ -z "${PINECOVE_COPY_ETC:-}" ] || cp -a /etc/. "$work/etc/"
     mount --bind "$work/etc" /etc
 }
+
+# A failed check prints why and counts; the test ends with `[ "$failures" -eq 0 ] || exit 1`.
+failures=0
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}

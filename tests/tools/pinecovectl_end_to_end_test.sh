@@ -11,11 +11,6 @@ in_private_etc "$@"
 mkdir -p "$work/data"
 export XDG_DATA_HOME="$work/data"
 backups="$work/data/Pinecove/Backups"
-failures=0
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 # expect COMMAND... -- TEXT: the command succeeds and leaves /etc/hosts holding exactly TEXT.
 expect() {
     local args=()

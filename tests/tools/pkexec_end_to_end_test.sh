@@ -20,11 +20,6 @@ fi
 # The namespace's /etc starts as a copy of the real one: pkexec needs PAM, users and NSS.
 export PINECOVE_COPY_ETC=1
 in_private_etc "$@"
-failures=0
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 # The action, only here, naming the helper this build made; and a bus and polkitd of our own.
 mkdir -p "$work/actions" "$work/run-dbus" "$work/data"
@@ -41,14 +36,12 @@ dbus-daemon --system --fork --print-pid >"$work/bus.pid"
 /usr/lib/polkit-1/polkitd --no-debug >"$work/polkitd.log" 2>&1 & # it drops to polkitd itself
 polkitd_pid=$!
 trap 'kill "$polkitd_pid" "$(cat "$work/bus.pid")" 2>/dev/null || true' EXIT
-for _ in $(seq 50); do
+polkit_up() {
     dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner \
-        string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true && break
-    sleep 0.1
-done
-dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner \
-    string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true ||
-    { echo "SKIPPED: a private polkitd did not start here ($(cat "$work/polkitd.log"))"; exit 77; }
+        string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true
+}
+for _ in $(seq 50); do polkit_up && break; sleep 0.1; done
+polkit_up || { echo "SKIPPED: a private polkitd did not start here ($(cat "$work/polkitd.log"))"; exit 77; }
 
 printf '127.0.0.1\tlocalhost\n' >/etc/hosts
 chmod 755 "$work"

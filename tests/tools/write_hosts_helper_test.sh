@@ -8,11 +8,6 @@ helper=$1
 # shellcheck source=../support/private_etc.sh
 . "$(dirname "$0")/../support/private_etc.sh"
 in_private_etc "$@"
-failures=0
-fail() {
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
 
 # write LABEL EXPECTED_STATUS NEW_TEXT_FILE [EXTRA_BYTES]: feeds the helper /etc/hosts as loaded,
 # then the new text (and any extra bytes), and checks its status and the file afterwards.
