@@ -1,15 +1,12 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool, writing
-# the real path /etc/hosts as root in a private mount namespace (see private_etc.sh). Modes:
-# - tray, window: type myapp.test, Return, Ctrl+Return; the file ends with the new line, a backup
-#   holds the old one, and the panel is clean again.
-# - atspi: the panel read and driven through AT-SPI, as a screen reader does (atspi_probe.py).
-# - late-tray: the tray host starts after Pinecove; the window gives way to a tray item, and
-#   comes back when the tray goes away.
-# - sni: a minimal StatusNotifierWatcher (sni.py), started after Pinecove, stands in for the trays
-#   of KDE, waybar and GNOME's extension: the item registers, Activate opens the panel, its menu
-#   offers the three actions, and an edit shows in its tooltip and icon.
+# the real path /etc/hosts as root in a private mount namespace (see private_etc.sh). In "tray"
+# and "window" a typed add and Ctrl+Return write the file, with a backup; "atspi" reads and drives
+# the panel as a screen reader does (atspi_probe.py); in "late-tray" an XEmbed tray, and in "sni"
+# a StatusNotifierWatcher (sni.py, as KDE, waybar and GNOME's extension offer), starts after
+# Pinecove: the item must reach it (in "sni": its menu, tooltip and icon too), and the window
+# must come back when it goes.
 # Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi|late-tray|sni
 set -euo pipefail
 app=$1

@@ -126,13 +126,13 @@ private slots:
         }
     }
 
-    void backupsKeepTheNewestTwentyOfOurs_data() {
-        QTest::addColumn<int>("existing");
-        QTest::newRow("19 existing") << 19;
-        QTest::newRow("25 existing") << 25;
-    }
     void backupsKeepTheNewestTwentyOfOurs() {
-        QFETCH(int, existing);
+        for (const int existing : {19, 25})
+            keepTheNewestTwentyOf(existing);
+    }
+
+private:
+    void keepTheNewestTwentyOf(int existing) {
         HostsFixture hosts("127.0.0.1 localhost\r\n\xC3\xA9 bytes as on disk");
         const QString folder = hosts.backupsFolder();
         QDir().mkpath(folder);
