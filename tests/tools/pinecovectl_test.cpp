@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // pinecovectl in-process, on a hosts file of the test's own with the fake administrator runner:
-// what each command writes, says and returns, and that the panel's store gives the same bytes.
+// what each command writes, says and returns.
 #include "ctl.h"
 #include "hosts_fixture.h"
-#include "panel_store.h"
 
 #include <QDir>
 #include <QTest>
@@ -77,22 +76,6 @@ private slots:
             QCOMPARE(hosts.read(), file.empty() ? sample : file);
             QCOMPARE(hosts.backupCount(), file.empty() && runnerSays.isEmpty() ? 0 : 1);
         }
-    }
-
-    // The panel and pinecovectl make the same edits through the same store.
-    void thePanelWritesTheSameBytes() {
-        HostsFixture byCtl(sample), byPanel(sample);
-        run(byCtl, "add 10.0.0.9 b.test a.test");
-        run(byCtl, "off api.test");
-        const auto store = byPanel.store();
-        PanelStore panel(store.get());
-        QVERIFY(panel.add(QStringLiteral("10.0.0.9 b.test a.test")));
-        for (const auto& entry : store->customEntries())
-            if (entry.ip() == "127.0.0.1")
-                panel.toggle(QString::fromStdString(entry.id().toString()));
-        store->apply();
-        QTRY_VERIFY(!store->isApplying());
-        QCOMPARE(byCtl.read(), byPanel.read());
     }
 };
 

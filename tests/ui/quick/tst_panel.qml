@@ -54,10 +54,6 @@ TestCase {
             keyClick(c === " " ? Qt.Key_Space : c);
     }
 
-    function chipTexts() {
-        return findAll(panel, item => item.objectName.endsWith("Chip") && item.visible).map(c => c.text);
-    }
-
     name: "Panel"
     visible: true // a TestCase is hidden by default, and so would be the panel
     when: windowShown
@@ -164,7 +160,8 @@ TestCase {
         type("bad!name");
         compare(named("preview").visible, false);
         named("inputField").text = "10.0.0.5 a.test b.test"; // pasted whole
-        tryVerify(() => String(chipTexts()) === "10.0.0.5,a.test,b.test", 2000, "chips: " + chipTexts());
+        const chips = () => String(findAll(panel, item => item.objectName.endsWith("Chip") && item.visible).map(c => c.text));
+        tryVerify(() => chips() === "10.0.0.5,a.test,b.test", 2000, "chips: " + chips());
         compare(named("plusSymbol").tint, Theme.green);
         named("inputField").text = "ALPHA.test"; // taken: the text stays
         keyClick(Qt.Key_Return);
