@@ -70,6 +70,13 @@ void BM_ToggleThenSerialized(benchmark::State& state) {
 }
 BENCHMARK(BM_ToggleThenSerialized)->Unit(benchmark::kMillisecond);
 
+// Every entry a load reads gets a new id: 200,000 of them for the block list.
+void BM_NewId(benchmark::State& state) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Uuid::random());
+}
+BENCHMARK(BM_NewId);
+
 } // namespace
 
 BENCHMARK_MAIN();
