@@ -6,7 +6,10 @@
 start_xvfb() {
     local file="$1/xvfb-display"
     rm -f "$file"
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$file" >/dev/null 2>&1 &
+    # -noreset: by default the server resets when its last client leaves (the readiness probe
+    # below, a helper such as at-spi-bus-launcher), and a client that connects during the reset
+    # is turned away.
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>"$file" >/dev/null 2>&1 &
     XVFB_PID=$!
     for _ in $(seq 100); do
         [ -s "$file" ] && break
