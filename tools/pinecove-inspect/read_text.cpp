@@ -1,39 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "read_text.h"
 
+#include "descriptor_io.h"
 #include "utf8.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace pinecove::inspect {
-
-namespace {
-
-bool readAll(int fd, std::string& out) {
-    // Sizing the buffer once avoids copying a multi-megabyte block list as it grows.
-    struct stat info {};
-    if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && info.st_size > 0)
-        out.reserve(static_cast<std::size_t>(info.st_size));
-    char buffer[1 << 16];
-    for (;;) {
-        const ssize_t got = ::read(fd, buffer, sizeof buffer);
-        if (got == 0)
-            return true;
-        if (got < 0) {
-            if (errno == EINTR)
-                continue;
-            return false;
-        }
-        out.append(buffer, static_cast<std::size_t>(got));
-    }
-}
-
-} // namespace
 
 ReadResult readUtf8Text(const std::string& path) {
     const bool fromStdin = path == "-";
@@ -42,7 +19,7 @@ ReadResult readUtf8Text(const std::string& path) {
 
     const int fd = fromStdin ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     std::string text;
-    const bool ok = fd >= 0 && readAll(fd, text);
+    const bool ok = fd >= 0 && readToEnd(fd, text, text.max_size());
     const int savedErrno = errno;
     if (fd >= 0 && !fromStdin)
         ::close(fd);

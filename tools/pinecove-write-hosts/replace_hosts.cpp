@@ -19,18 +19,10 @@ std::optional<std::string> readFile(const std::string& path) {
     if (fd < 0)
         return std::nullopt;
     std::string text;
-    char buffer[65536];
-    ssize_t got = 0;
-    while ((got = ::read(fd, buffer, sizeof buffer)) != 0) {
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0 || text.size() > maxExpectedBytes) {
-            ::close(fd);
-            return std::nullopt;
-        }
-        text.append(buffer, static_cast<std::size_t>(got));
-    }
+    const bool read = pinecove::readToEnd(fd, text, maxExpectedBytes);
     ::close(fd);
+    if (!read)
+        return std::nullopt;
     return text;
 }
 
