@@ -10,15 +10,49 @@
 #include "tray_presence.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QCursor>
 #include <QSystemTrayIcon>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(PinecovePlugin)
 
+namespace {
+
+// --help and --version answer before any window system is asked for (a terminal over SSH has
+// none). Everything else is left to QApplication, which takes Qt's own options (-platform, …).
+void answerOptions(int argc, char** argv) {
+    QCoreApplication::setApplicationName(QStringLiteral("pinecove"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(PINECOVE_VERSION));
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    QCommandLineParser options;
+    options.setApplicationDescription(
+        QStringLiteral("Edit the hosts file from the system tray. pinecovectl(1) makes the same "
+                       "edits from a terminal."));
+    const QCommandLineOption help = options.addHelpOption();
+    const QCommandLineOption version = options.addVersionOption();
+    options.parse(arguments);
+    if (options.isSet(help)) {
+        // With no application object yet, Qt cannot name the program itself.
+        std::fputs(qPrintable(options.helpText().replace(QLatin1String("<executable_name>"),
+                                                         QLatin1String("pinecove"))),
+                   stdout);
+        std::exit(0);
+    }
+    if (options.isSet(version))
+        options.showVersion();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    answerOptions(argc, argv);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Pinecove"));
     QApplication::setApplicationDisplayName(QStringLiteral("Pinecove"));

@@ -31,10 +31,12 @@ bool statusNotifierHost() {
 
 // An X11 system tray: the owner of the _NET_SYSTEM_TRAY_S0 selection.
 bool xembedTray() {
+    // The offscreen platform answers as an X11 application too, with no connection when no X
+    // server runs.
     auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
+    if (!connection)
         return false;
-    xcb_connection_t* connection = x11->connection();
     const char* name = "_NET_SYSTEM_TRAY_S0";
     xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 1, static_cast<uint16_t>(std::strlen(name)), name),

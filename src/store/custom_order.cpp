@@ -124,7 +124,10 @@ int CustomOrder::insertSorted(std::uint32_t item) {
     const auto at = std::upper_bound(
         sorted_.begin(), sorted_.end(), item,
         [this](std::uint32_t a, std::uint32_t b) { return before(items_[a], items_[b]); });
-    return static_cast<int>(sorted_.insert(at, item) - sorted_.begin());
+    // insert() may reallocate, so begin() is read only after it: within one expression the
+    // order of the two calls is the compiler's choice, and g++ reads begin() first.
+    const auto inserted = sorted_.insert(at, item);
+    return static_cast<int>(inserted - sorted_.begin());
 }
 
 std::optional<std::pair<int, int>> CustomOrder::toggled(const HostEntry& entry) {

@@ -10,14 +10,20 @@
 #include <QTimer>
 #include <unistd.h>
 
+#if !defined(__APPLE__)
+#include "helper_location.h"
+#endif
+
 ProcessScriptRunner::ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
                                          std::function<std::string(const WriteRequest&)> transform,
-                                         std::optional<PromptStatuses> promptStatuses)
+                                         std::optional<PromptStatuses> promptStatuses,
+                                         QString runsAsRoot)
     : program_(std::move(program))
     , arguments_(std::move(arguments))
     , delivery_(delivery)
     , transform_(std::move(transform))
-    , promptStatuses_(promptStatuses) {}
+    , promptStatuses_(promptStatuses)
+    , runsAsRoot_(std::move(runsAsRoot)) {}
 
 std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError) {
     // Text that is not UTF-8 says nothing the user could read.
@@ -38,6 +44,19 @@ std::string ProcessScriptRunner::dismissedMessage() {
 
 void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Outcome)> done) {
     auto* process = new QProcess();
+#if !defined(__APPLE__)
+    // Checked on every run, not once: the file can change while Pinecove runs.
+    if (!runsAsRoot_.isEmpty()) {
+        if (auto refusal = HelperLocation::refusalToRunAsRoot(runsAsRoot_)) {
+            QTimer::singleShot(0, process, [process, done = std::move(done),
+                                            message = std::move(*refusal)] {
+                process->deleteLater();
+                done(NotStarted{message});
+            });
+            return;
+        }
+    }
+#endif
     QStringList arguments = arguments_;
     int input = -1;
     if (delivery_ == Delivery::LastArgument) {
@@ -117,16 +136,14 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
                 PrivilegedWriter::writeScript(request.text, PrivilegedWriter::newDelimiter()));
         });
 #else
-    // The installed helper carries Pinecove's own polkit prompt; a build run from its folder
-    // uses the helper beside it, for which pkexec shows its generic prompt.
-    QString helper = QStringLiteral(PINECOVE_WRITE_HELPER);
-    if (!QFileInfo::exists(helper))
-        helper = QStringLiteral(PINECOVE_BUILD_HELPER);
+    const QString helper = HelperLocation::path();
     if (::geteuid() == 0)
-        return std::make_shared<ProcessScriptRunner>(helper, QStringList{},
-                                                     ProcessScriptRunner::Delivery::HelperInput);
+        return std::make_shared<ProcessScriptRunner>(
+            helper, QStringList{}, ProcessScriptRunner::Delivery::HelperInput, nullptr,
+            std::nullopt, helper);
     return std::make_shared<ProcessScriptRunner>(
         QStringLiteral("/usr/bin/pkexec"), QStringList{helper},
-        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecStatuses);
+        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecStatuses,
+        helper);
 #endif
 }

@@ -28,10 +28,13 @@ public:
     };
     static constexpr PromptStatuses pkexecStatuses{126, 127};
 
-    // `promptStatuses`: the runner's own statuses, if it has any (see above).
+    // `promptStatuses`: the runner's own statuses, if it has any (see above). `runsAsRoot`: the
+    // file that will run as root, checked before each run; the run is refused unless only root
+    // can change it.
     ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
                         std::function<std::string(const WriteRequest&)> transform = {},
-                        std::optional<PromptStatuses> promptStatuses = std::nullopt);
+                        std::optional<PromptStatuses> promptStatuses = std::nullopt,
+                        QString runsAsRoot = {});
 
     void run(const WriteRequest& request, std::function<void(Outcome)> done) override;
 
@@ -46,4 +49,5 @@ private:
     Delivery delivery_;
     std::function<std::string(const WriteRequest&)> transform_;
     std::optional<PromptStatuses> promptStatuses_;
+    QString runsAsRoot_;
 };

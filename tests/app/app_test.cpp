@@ -38,7 +38,8 @@ double contrast(QRgb a, QRgb b) {
         return 0.2126 * channel(qRed(rgb)) + 0.7152 * channel(qGreen(rgb)) +
                0.0722 * channel(qBlue(rgb));
     };
-    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+    // By value: std::minmax of two temporaries hands back references to them.
+    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
