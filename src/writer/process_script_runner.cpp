@@ -48,11 +48,11 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
     // Checked on every run, not once: the file can change while Pinecove runs.
     if (!runsAsRoot_.isEmpty()) {
         if (auto refusal = HelperLocation::refusalToRunAsRoot(runsAsRoot_)) {
-            QTimer::singleShot(0, process, [process, done = std::move(done),
-                                            message = std::move(*refusal)] {
-                process->deleteLater();
-                done(NotStarted{message});
-            });
+            QTimer::singleShot(0, process,
+                               [process, done = std::move(done), message = std::move(*refusal)] {
+                                   process->deleteLater();
+                                   done(NotStarted{message});
+                               });
             return;
         }
     }
@@ -138,9 +138,9 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
 #else
     const QString helper = HelperLocation::path();
     if (::geteuid() == 0)
-        return std::make_shared<ProcessScriptRunner>(
-            helper, QStringList{}, ProcessScriptRunner::Delivery::HelperInput, nullptr,
-            std::nullopt, helper);
+        return std::make_shared<ProcessScriptRunner>(helper, QStringList{},
+                                                     ProcessScriptRunner::Delivery::HelperInput,
+                                                     nullptr, std::nullopt, helper);
     return std::make_shared<ProcessScriptRunner>(
         QStringLiteral("/usr/bin/pkexec"), QStringList{helper},
         ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecStatuses,

@@ -32,11 +32,17 @@ printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n\n# local development\n127.0.0.1\t
 cp /etc/hosts "$work/original-hosts"
 
 window=""
+app_pid=""
 fail() {
     echo "FAILED: $*"
-    if [ -n "$window" ]; then
+    if [ -n "$app_pid" ] && ! kill -0 "$app_pid" 2>/dev/null; then
+        wait "$app_pid" && status=0 || status=$?
+        echo "Pinecove is no longer running (status $status); its last words: $(tail -n 5 "$work/app.log")"
+    fi
+    # import waits for ever on a window that has gone (a crashed app's).
+    if [ -n "$window" ] && xdotool getwindowgeometry "$window" >/dev/null 2>&1; then
         mkdir -p "$shots"
-        import -window "$window" "$shots/acceptance-$mode-failed.png" &&
+        timeout 10 import -window "$window" "$shots/acceptance-$mode-failed.png" &&
             echo "The panel at the failure: $shots/acceptance-$mode-failed.png"
     fi
     exit 1
@@ -78,7 +84,8 @@ if [ "$mode" = tray ]; then
 fi
 
 "$app" >"$work/app.log" 2>&1 &
-pids+=($!)
+app_pid=$!
+pids+=("$app_pid")
 if [ "$mode" = sni ]; then
     # The watcher starts after Pinecove, as a panel may at login: the item must still reach it.
     sleep 1

@@ -3,14 +3,17 @@
 # Installs the built package for real and removes it again, inside a private mount namespace
 # whose /usr, /etc and /var are throwaway overlays, so the machine is left exactly as it was.
 # Checks that the app, the polkit action and the installed helper agree on the helper's path,
-# that the installed files pass their validators, and that removal takes every file away.
+# that no installed program names a build folder, that the installed files pass their
+# validators, and that removal takes every file away. Then it uses the installed programs as a
+# user would: the app on a display, typing a mapping, Return and Ctrl+Return (the acceptance
+# test's window mode), and pinecovectl's own end-to-end run; each writes a private /etc/hosts.
 set -euo pipefail
 
 skip() { echo "SKIPPED: $*"; exit 77; }
 
 if [ "${1:-}" != "--inside" ]; then
     source_dir=$1
-    deb=$(find "$source_dir/dist" -name 'pinecove_*.deb' 2>/dev/null | sort -V | tail -n 1)
+    deb=$(find "$source_dir/dist" -name 'pinecove_*.deb' 2>/dev/null | sort -V | tail -n 1 || true)
     [ -n "$deb" ] || skip "no package in dist/ (scripts/package makes one; scripts/test does too)"
     echo "lintian $(basename "$deb"):"
     lintian --fail-on error "$deb" | sed 's/^/  /'
@@ -18,11 +21,13 @@ if [ "${1:-}" != "--inside" ]; then
     unshare --mount true 2>/dev/null || skip "private mount namespaces are not allowed here"
     work=$(mktemp -d)
     trap 'rm -rf "$work"' EXIT
-    exec unshare --mount --propagation private -- "$0" --inside "$deb" "$work"
+    exec unshare --mount --propagation private -- "$0" --inside "$deb" "$work" "$source_dir" "$2"
 fi
 
 deb=$2
 work=$3
+source_dir=$4
+shots=$5
 for dir in usr etc var; do
     mkdir -p "$work/$dir/upper" "$work/$dir/work"
     mount -t overlay overlay -o "lowerdir=/$dir,upperdir=$work/$dir/upper,workdir=$work/$dir/work" \
@@ -51,6 +56,21 @@ done
 /usr/bin/pinecovectl --help | grep -q '^Usage: pinecovectl' || fail "pinecovectl does not run"
 answer=$(/usr/bin/pinecove-inspect --input myapp.test)
 [ "$answer" = '{"ip":"127.0.0.1","hosts":["myapp.test"]}' ] || fail "pinecove-inspect said $answer"
+
+# A program that falls back to a path in a build or temporary folder runs whatever someone
+# plants there, as root.
+for program in /usr/bin/pinecove /usr/bin/pinecovectl /usr/bin/pinecove-inspect "$helper"; do
+    leaked=$({ strings "$program"; strings --encoding=l "$program"; } |
+        grep -E '/(tmp|build|obj-[a-z0-9_-]+|home|root|work)/' | head -n 3 || true)
+    [ -z "$leaked" ] || fail "$program names a build folder: $leaked"
+done
+/usr/bin/pinecove --version | grep -qx 'pinecove [0-9.]*' || fail "pinecove --version"
+
+# The installed programs, driven: a crash, a missing QML module or library fails here.
+"$source_dir/tests/app/acceptance_test.sh" /usr/bin/pinecove "$shots" window ||
+    fail "the installed app did not add and apply a mapping (status $?)"
+"$source_dir/tests/tools/pinecovectl_end_to_end_test.sh" /usr/bin/pinecovectl ||
+    fail "the installed pinecovectl failed its run (status $?)"
 
 installed=$(dpkg -L pinecove)
 dpkg --purge pinecove >/dev/null

@@ -21,10 +21,19 @@ fi
 export PINECOVE_COPY_ETC=1
 in_private_etc "$@"
 
-# The action, only here, naming the helper this build made; and a bus and polkitd of our own.
-mkdir -p "$work/actions" "$work/run-dbus" "$work/data"
+# The helper where the package puts it (an overlay: the real /usr/libexec is left alone), with
+# its action; pinecovectl where the unprivileged user can reach it, as the clone may sit in a
+# 0700 home; and a bus and polkitd of our own.
+installed_helper=/usr/libexec/pinecove/pinecove-write-hosts
+mkdir -p "$work/actions" "$work/run-dbus" "$work/data" "$work/libexec/upper" "$work/libexec/work" "$work/bin"
+mount -t overlay overlay \
+    -o "lowerdir=/usr/libexec,upperdir=$work/libexec/upper,workdir=$work/libexec/work" /usr/libexec ||
+    { echo "SKIPPED: overlay mounts are not allowed here"; exit 77; }
+install -D -m 755 "$helper" "$installed_helper"
+install -m 755 "$ctl" "$work/bin/pinecovectl"
+ctl=$work/bin/pinecovectl
 cp -a /usr/share/polkit-1/actions/. "$work/actions/"
-sed "s|@PINECOVE_WRITE_HELPER@|$helper|" "$policy_template" >"$work/actions/io.pinecove.write-hosts.policy"
+sed "s|@PINECOVE_WRITE_HELPER@|$installed_helper|" "$policy_template" >"$work/actions/io.pinecove.write-hosts.policy"
 mount --bind "$work/actions" /usr/share/polkit-1/actions
 mount --bind "$work/run-dbus" /run/dbus
 rule() {

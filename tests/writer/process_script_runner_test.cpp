@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "process_script_runner.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -62,6 +64,55 @@ private slots:
         ProcessScriptRunner missing(QStringLiteral("/nonexistent/pkexec"), {},
                                     ProcessScriptRunner::Delivery::LastArgument);
         QVERIFY(runToEnd(missing, {}).startsWith("not started: /nonexistent/pkexec is missing"));
+    }
+
+    // The file that runs as root must be root's alone, and so must every folder above it, or
+    // whoever can change it runs their own program as root behind the prompt.
+    void runsAsRootOnlyWhatRootAloneCanChange_data() {
+        QTest::addColumn<int>("fileMode");
+        QTest::addColumn<int>("folderMode");
+        QTest::addColumn<bool>("ownedByRoot");
+        QTest::addColumn<QString>("outcome");
+        QTest::newRow("root's, 755") << 0755 << 0755 << true << "ok";
+        QTest::newRow("in a sticky folder") << 0755 << 01777 << true << "ok";
+        QTest::newRow("group may write")
+            << 0775 << 0755 << true << "users other than root can change it.";
+        QTest::newRow("anyone may write")
+            << 0757 << 0755 << true << "users other than root can change it.";
+        QTest::newRow("folder open to all")
+            << 0755 << 0777 << true << "users other than root can change its folder";
+        QTest::newRow("another user's") << 0755 << 0755 << false << "it is not owned by root.";
+        QTest::newRow("missing") << 0 << 0755 << true << "it is missing.";
+    }
+    void runsAsRootOnlyWhatRootAloneCanChange() {
+        if (::geteuid() != 0)
+            QSKIP("needs root, to own the file as root does");
+        QFETCH(int, fileMode);
+        QFETCH(int, folderMode);
+        QFETCH(bool, ownedByRoot);
+        QFETCH(QString, outcome);
+        QTemporaryDir dir;
+        const QString folder = dir.filePath(QStringLiteral("libexec"));
+        const QString helper = folder + QStringLiteral("/helper");
+        QVERIFY(QDir().mkdir(folder));
+        if (fileMode != 0) {
+            QVERIFY(QFile::copy(QStringLiteral("/bin/true"), helper));
+            QCOMPARE(::chmod(QFile::encodeName(helper).constData(), static_cast<mode_t>(fileMode)),
+                     0);
+            QCOMPARE(::chown(QFile::encodeName(helper).constData(), ownedByRoot ? 0 : 65534, 0), 0);
+        }
+        QCOMPARE(::chmod(QFile::encodeName(folder).constData(), static_cast<mode_t>(folderMode)),
+                 0);
+        ProcessScriptRunner runner(helper, {}, ProcessScriptRunner::Delivery::LastArgument, {},
+                                   std::nullopt, helper);
+        const QString result = runToEnd(runner, {});
+        if (outcome == QLatin1String("ok"))
+            QCOMPARE(result, outcome);
+        else
+            QVERIFY2(
+                result.startsWith(QStringLiteral("not started: Pinecove will not run ") + helper) &&
+                    result.contains(outcome),
+                qPrintable(result));
     }
 
     // The helper's data: sizes as arguments, the loaded and the new text on standard input. While
