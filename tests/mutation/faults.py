@@ -53,6 +53,10 @@ FAULTS = [
      "failure->message.find(PrivilegedWriter::cancelMarker) != std::string::npos", "false"),
     ("backup-failure-ignored", "src/store/hosts_store.cpp",
      "finishApply(*failure);\n        return;", "(void)failure;"),
+    # The g++ package crashed on its first add: begin() read before a reallocating insert.
+    ("insert-position-read-before-insert", "src/store/custom_order.cpp",
+     "    const auto inserted = sorted_.insert(at, item);\n    return static_cast<int>(inserted - sorted_.begin());",
+     "    return static_cast<int>(sorted_.insert(at, item) - sorted_.begin());"),
     ("enabled-not-first-after-toggle", "src/store/custom_order.cpp",
      "return a.enabled;", "return b.enabled;"),
     ("address-tie-break-swapped", "src/store/custom_order.cpp",
