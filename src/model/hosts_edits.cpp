@@ -15,7 +15,7 @@ bool toggleEntry(HostsDocument& document, const Uuid& id) {
     return true;
 }
 
-bool deleteEntry(HostsDocument& document, const Uuid& id) {
+bool deleteEntry(HostsDocument& document, Uuid id) {
     const HostEntry* entry = document.entries.find(id);
     if (!entry || entry->isSystem())
         return false;

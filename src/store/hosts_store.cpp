@@ -81,7 +81,7 @@ void HostsStore::toggle(const Uuid& id) {
     announceDirty();
 }
 
-void HostsStore::remove(const Uuid& id) {
+void HostsStore::remove(Uuid id) {
     if (!deleteEntry(document_, id))
         return;
     if (const auto at = customOrder_.removed(id))

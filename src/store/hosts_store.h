@@ -63,7 +63,7 @@ public:
     void load();
     // Edits in memory. System entries and unknown ids are left alone.
     void toggle(const pinecove::Uuid& id);
-    void remove(const pinecove::Uuid& id);
+    void remove(pinecove::Uuid id); // a copy, as the entry it names goes away
     bool add(const std::string& ip, const std::vector<std::string>& hostnames);
     // Checks for outside changes, backs up, writes and reloads; reports only through
     // isApplying and lastError. Returns at once; applyFinished() follows when the write ends.

@@ -80,7 +80,8 @@ private slots:
             if (window) // a fixed size, which tiling compositors float rather than tile
                 QCOMPARE(panel.minimumSize(), panel.maximumSize());
             QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
-            QTimer::singleShot(2000, qApp, [] { QCoreApplication::exit(2); });
+            // Tied to this panel, so that it cannot end a later test's event loop.
+            QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
             QCOMPARE(QCoreApplication::exec(), window ? 0 : 2);
             QVERIFY(!panel.isVisible());
         }

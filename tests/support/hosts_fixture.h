@@ -20,7 +20,7 @@ public:
         requests.push_back(request);
         held_ = std::move(done);
         if (!hold)
-            QTimer::singleShot(0, [this] { release(); });
+            QTimer::singleShot(0, &alive_, [this] { release(); });
     }
     void release() {
         if (held_ && std::holds_alternative<Succeeded>(outcome))
@@ -36,6 +36,7 @@ public:
 private:
     std::function<void(const std::string&)> write_;
     std::function<void(Outcome)> held_;
+    QObject alive_; // a completion still queued when the runner goes is dropped with it
 };
 
 // A hosts file of the test's own, with a backups folder beside it, a clock that starts at `now`

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,21 +15,22 @@ namespace {
 // What a run came to, as one line: "ok", "failed: …" or "not started: …". A run that completes
 // before run() returns, or more than once, says so instead.
 QString runToEnd(ScriptRunner& runner, const WriteRequest& request) {
-    QStringList outcomes;
-    runner.run(request, [&](ScriptRunner::Outcome outcome) {
+    // Shared with the callback: a run that outlives the wait must not write into a gone frame.
+    const auto outcomes = std::make_shared<QStringList>();
+    runner.run(request, [outcomes](ScriptRunner::Outcome outcome) {
         if (std::holds_alternative<ScriptRunner::Succeeded>(outcome))
-            outcomes << QStringLiteral("ok");
+            *outcomes << QStringLiteral("ok");
         if (const auto* failed = std::get_if<ScriptRunner::Failed>(&outcome))
-            outcomes << QStringLiteral("failed: ") + QString::fromStdString(failed->message);
+            *outcomes << QStringLiteral("failed: ") + QString::fromStdString(failed->message);
         if (const auto* notStarted = std::get_if<ScriptRunner::NotStarted>(&outcome))
-            outcomes << QStringLiteral("not started: ") +
-                            QString::fromStdString(notStarted->message);
+            *outcomes << QStringLiteral("not started: ") +
+                             QString::fromStdString(notStarted->message);
     });
-    if (!outcomes.isEmpty())
+    if (!outcomes->isEmpty())
         return QStringLiteral("completed before returning");
-    (void)QTest::qWaitFor([&] { return !outcomes.isEmpty(); }, 10000);
+    (void)QTest::qWaitFor([&] { return !outcomes->isEmpty(); }, 10000);
     QTest::qWait(50); // a second completion would have arrived by now
-    return outcomes.join(QStringLiteral(" and "));
+    return outcomes->join(QStringLiteral(" and "));
 }
 
 } // namespace
@@ -126,9 +128,9 @@ private slots:
         ProcessScriptRunner runner(QStringLiteral("/bin/sh"),
                                    {QStringLiteral("-c"), behaviour, dir.path()},
                                    ProcessScriptRunner::Delivery::HelperInput);
-        std::string outcome;
-        runner.run(WriteRequest{"new\nline", "old"}, [&](ScriptRunner::Outcome o) {
-            outcome = std::get<ScriptRunner::Failed>(o).message;
+        const auto outcome = std::make_shared<std::string>();
+        runner.run(WriteRequest{"new\nline", "old"}, [outcome](ScriptRunner::Outcome o) {
+            *outcome = std::get<ScriptRunner::Failed>(o).message;
         });
         QFile pidFile(dir.filePath(QStringLiteral("pid")));
         QTRY_VERIFY(pidFile.size() > 0);
@@ -139,7 +141,7 @@ private slots:
         if (fd >= 0)
             ::close(fd);
         QFile(dir.filePath(QStringLiteral("go"))).open(QIODevice::WriteOnly);
-        QTRY_COMPARE(outcome, "--expected-size 3 --size 8|oldnew\nline");
+        QTRY_COMPARE(*outcome, "--expected-size 3 --size 8|oldnew\nline");
     }
 };
 

@@ -39,7 +39,8 @@ void fail(const std::string& message) {
 int writeOut(std::string_view text) {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() ||
         std::fflush(stdout) != 0) {
-        fail(std::string("cannot write standard output: ") + std::strerror(errno));
+        const int error = errno; // before the message's allocations can change it
+        fail(std::string("cannot write standard output: ") + std::strerror(error));
         return exitFailure;
     }
     return 0;

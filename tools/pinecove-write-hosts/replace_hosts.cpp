@@ -27,8 +27,9 @@ std::optional<std::string> readFile(const std::string& path) {
 }
 
 HelperRefusal writeFailure(const char* step) {
+    const int error = errno; // before any allocation below can change it
     return {HelperStatus::writeFailed, std::string("Could not write the hosts file (") + step +
-                                           ": " + std::strerror(errno) + ")."};
+                                           ": " + std::strerror(error) + ")."};
 }
 
 } // namespace
