@@ -115,7 +115,13 @@ if [ "$mode" = sni ]; then
     wait_for registered || fail "the item did not register with the watcher ($(cat "$work/app.log"))"
     [ "$(sni get ToolTip)" = Pinecove ] || fail "tooltip: $(sni get ToolTip)"
     [ "$(sni menu | tr '\n' ,)" = "Open Pinecove,Refresh,Quit Pinecove," ] || fail "menu: $(sni menu)"
-    clean_icon=$(sni get IconPixmap)
+    icon() { echo "$(sni get IconName) $(sni get IconPixmap)"; }
+    clean_icon=$(icon)
+    # Installed, the icon goes by its symbolic name, which hosts recolour to their panel.
+    symbolic=/usr/share/icons/hicolor/symbolic/apps/io.pinecove.Pinecove-symbolic.svg
+    if [ -f "$symbolic" ] && [ "$(sni get IconName)" != io.pinecove.Pinecove-symbolic ]; then
+        fail "the installed icon is not given by name: IconName $(sni get IconName)"
+    fi
     sni activate
 fi
 if [ "$mode" = tray ]; then
@@ -150,7 +156,7 @@ if [ "$mode" = sni ]; then
     add_in_panel
     unsaved() { [ "$(sni get ToolTip)" = "Pinecove, unsaved changes" ]; }
     wait_for unsaved || fail "the tooltip after an edit: $(sni get ToolTip)"
-    [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
+    [ "$(icon)" != "$clean_icon" ] || fail "the icon did not gain its dot"
     xdotool key Escape
     kill "$watcher_pid"
     wait_for window_shown || fail "the window did not come back when the tray went away"
