@@ -37,7 +37,11 @@ private:
     // Flags, colour and size of the style.
     void applyStyle();
     void fixSizeToPanel();
+    // A popover that opened above a bottom tray keeps its bottom edge as its height changes.
+    void keepEdge();
 
     Style style_;
     bool closeQuits_ = true;
+    bool growsUp_ = false;
+    int bottomEdge_ = 0;
 };
