@@ -58,7 +58,7 @@ void PanelWindow::fixSizeToPanel() {
 }
 
 bool PanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Close && style_ == Style::Window && closeQuits_)
+    if (event->type() == QEvent::Close && !hidesToTray())
         QCoreApplication::quit();
     return QQuickView::event(event);
 }
@@ -104,15 +104,20 @@ void PanelWindow::present(const QRect& anchor) {
     requestActivate();
 }
 
+bool PanelWindow::hidesToTray() const {
+    // A popover always; a window while a tray icon can bring it back (Wayland's floating panel).
+    return style_ == Style::Popover || !closeQuits_;
+}
+
 void PanelWindow::toggleAt(const QRect& anchor) {
-    if (isVisible() && style_ == Style::Popover)
+    if (isVisible() && hidesToTray())
         hide();
     else
         present(anchor);
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && style_ == Style::Popover) {
+    if (event->key() == Qt::Key_Escape && hidesToTray()) {
         hide();
         return;
     }

@@ -39,6 +39,8 @@ private:
     void fixSizeToPanel();
     // A popover that opened above a bottom tray keeps its bottom edge as its height changes.
     void keepEdge();
+    // Whether closing, Escape and a second tray click hide the panel rather than end Pinecove.
+    bool hidesToTray() const;
 
     Style style_;
     bool closeQuits_ = true;
