@@ -5,7 +5,13 @@
 
 DesktopBridge::DesktopBridge(QObject* parent)
     : QObject(parent)
-    , reduceMotion_(DesktopActions::prefersReducedMotion()) {}
+    , reduceMotion_(DesktopActions::prefersReducedMotion())
+    , dark_(scheme_.isDark()) {
+    connect(&scheme_, &ColorScheme::changed, this, [this](bool dark) {
+        dark_ = dark;
+        emit darkChanged();
+    });
+}
 
 void DesktopBridge::setReduceMotion(bool reduce) {
     if (reduceMotion_ == reduce)
@@ -14,9 +20,10 @@ void DesktopBridge::setReduceMotion(bool reduce) {
     emit reduceMotionChanged();
 }
 
-void DesktopBridge::setAppearance(const QString& appearance) {
-    if (appearance_ == appearance)
+void DesktopBridge::setDark(bool dark) {
+    scheme_.disconnect(this);
+    if (dark_ == dark)
         return;
-    appearance_ = appearance;
-    emit appearanceChanged();
+    dark_ = dark;
+    emit darkChanged();
 }

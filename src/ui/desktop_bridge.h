@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "color_scheme.h"
+
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-// Desktop facts the views follow: the platform (for its own words) and the reduce-motion
-// setting. Writable so that tests and renders can pin them.
+// Desktop facts the views follow: the platform (for its own words), the reduce-motion setting,
+// and the light or dark scheme, decided where the tray icon's is (ColorScheme), so that the
+// panel and the icon never disagree. Writable so that tests and renders can pin them.
 class DesktopBridge : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(Desktop)
     QML_SINGLETON
     Q_PROPERTY(bool isMac READ isMac CONSTANT)
     Q_PROPERTY(bool reduceMotion READ reduceMotion WRITE setReduceMotion NOTIFY reduceMotionChanged)
-    // "" follows the system palette; "light" or "dark" pins the appearance (renders, tests).
-    Q_PROPERTY(QString appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
+    Q_PROPERTY(bool dark READ isDark WRITE setDark NOTIFY darkChanged)
 
 public:
     explicit DesktopBridge(QObject* parent = nullptr);
@@ -29,16 +31,18 @@ public:
         return reduceMotion_;
     }
     void setReduceMotion(bool reduce);
-    QString appearance() const {
-        return appearance_;
+    bool isDark() const {
+        return dark_;
     }
-    void setAppearance(const QString& appearance);
+    // Pins the scheme: the desktop's changes are no longer followed.
+    void setDark(bool dark);
 
 signals:
     void reduceMotionChanged();
-    void appearanceChanged();
+    void darkChanged();
 
 private:
     bool reduceMotion_;
-    QString appearance_;
+    ColorScheme scheme_;
+    bool dark_;
 };

@@ -11,8 +11,8 @@ QtObject {
     readonly property SystemPalette palette: SystemPalette {
         colorGroup: SystemPalette.Active
     }
-    // Follows the palette unless pinned (renders, tests).
-    readonly property bool dark: Desktop.appearance === "" ? palette.window.hslLightness < 0.5 : Desktop.appearance === "dark"
+    // The desktop's scheme, as the tray icon follows it, unless pinned (renders, tests).
+    readonly property bool dark: Desktop.dark
 
     readonly property color teal: dark ? "#40C8E0" : "#30B0C7"
     readonly property color green: dark ? "#30D158" : "#34C759"
