@@ -50,6 +50,12 @@ void answerOptions(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     answerOptions(argc, argv);
+    // The panel is drawn in software everywhere. On Wayland, Qt would still load EGL, and with
+    // it Mesa and LLVM, for a hardware path it never uses: twice the memory (107 MB against
+    // 55 MB under sway). Naming no buffer integration keeps to shared memory; Qt says once that
+    // it found none. A choice made in the environment stands.
+    if (qEnvironmentVariableIsEmpty("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Pinecove"));
     QApplication::setApplicationDisplayName(QStringLiteral("Pinecove"));
