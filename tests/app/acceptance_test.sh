@@ -70,6 +70,12 @@ wait_for() {
     return 1
 }
 pids=()
+# background COMMAND...: starts it and remembers it, for the end and in $last.
+background() {
+    "$@" >/dev/null 2>&1 &
+    last=$!
+    pids+=("$last")
+}
 # Stop everything and wait for it, so that the next run starts alone.
 trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 start_xvfb "$work" || fail "Xvfb did not start"
@@ -82,23 +88,15 @@ if [ "$mode" = atspi ] || [ "$mode" = sni ] || [[ $mode == late-tray* ]]; then
     pids+=("${bus##*$'\n'}")
 fi
 if [ "$mode" = atspi ]; then
-    /usr/libexec/at-spi-bus-launcher --launch-immediately >/dev/null 2>&1 &
-    pids+=($!)
+    background /usr/libexec/at-spi-bus-launcher --launch-immediately
     export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
 fi
 
-if [[ $mode == late-tray* ]]; then
-    openbox >/dev/null 2>&1 &
-    pids+=($!)
-    if [ "$mode" = late-tray-composited ]; then
-        xcompmgr >/dev/null 2>&1 &
-        pids+=($!)
-    fi
-fi
+[[ $mode != late-tray* ]] || background openbox
+[ "$mode" != late-tray-composited ] || background xcompmgr
 if [ "$mode" = tray ]; then
     # At the bottom edge, where the panel must open above the icon and grow upward.
-    trayer --edge bottom --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
-    pids+=($!)
+    background trayer --edge bottom --align right --widthtype pixel --width 120 --height 24
     timeout 10 xdotool search --sync --class trayer >/dev/null || fail "the tray host did not start"
 fi
 
@@ -109,9 +107,8 @@ if [ "$mode" = sni ]; then
     # The watcher starts after Pinecove, as a panel may at login: the item must still reach it.
     sleep 1
     sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
-    /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items" &
-    watcher_pid=$!
-    pids+=("$watcher_pid")
+    background /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items"
+    watcher_pid=$last
     registered() { [ -s "$work/items" ]; }
     wait_for registered || fail "the item did not register with the watcher ($(cat "$work/app.log"))"
     [ "$(sni get ToolTip)" = Pinecove ] || fail "tooltip: $(sni get ToolTip)"
@@ -195,9 +192,8 @@ if [[ $mode == late-tray* ]]; then
     wait_for taller || fail "no apply bar after Return"
     sleep 0.5 # the bar's entrance
     dirty_height=$(height)
-    trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
-    tray_pid=$!
-    pids+=("$tray_pid")
+    background trayer --edge top --align right --widthtype pixel --width 120 --height 24
+    tray_pid=$last
     icon_only() { [ -n "$(tray_icon)" ] && [ -z "$(panel_window)" ]; }
     wait_for icon_only || fail "the late XEmbed tray did not take the item over from the window"
     eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"
@@ -207,9 +203,8 @@ if [[ $mode == late-tray* ]]; then
     kill "$tray_pid"
     expect_drawn "the tray went away" 3-window-again
     # A StatusNotifierItem watcher now: Qt keeps the X11 kind it chose, so the window must stay.
-    /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items" &
-    watcher_pid=$!
-    pids+=("$watcher_pid")
+    background /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items"
+    watcher_pid=$last
     sleep 6 # the follower's grace for an icon that never shows, and a little more
     expect_drawn "a StatusNotifierItem watcher came" 4-window-with-watcher
     kill "$watcher_pid"
