@@ -3,17 +3,14 @@
 
 #include "color_scheme.h"
 #include "hosts_store.h"
+#include "panel.h"
 #include "panel_engine.h"
-#include "panel_window.h"
 #include "single_instance.h"
-#include "tray_item.h"
-#include "tray_presence.h"
+#include "tray_follower.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QCursor>
-#include <QSystemTrayIcon>
-#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 #include <cstdio>
 #include <cstdlib>
@@ -67,34 +64,9 @@ int main(int argc, char** argv) {
     usePanelRenderer();
     HostsStore store; // the one store: loads /etc/hosts now
     ColorScheme scheme;
-    // A Wayland compositor places client windows itself, so a popover could not open under the
-    // item there: the panel is always the small floating window, which a tray click shows.
-    const bool canPlaceWindows =
-        !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-    PanelWindow panel(store, PanelWindow::Style::Window);
-    std::unique_ptr<TrayItem> tray;
-    // A tray host may start after Pinecove (autostart at login) or go away; follow it.
-    const auto followTray = [&] {
-        const bool available = TrayPresence::current() != TrayPresence::Kind::None;
-        if (available && !tray) {
-            if (canPlaceWindows) {
-                panel.setStyle(PanelWindow::Style::Popover);
-                panel.hide();
-            }
-            tray = std::make_unique<TrayItem>(store, panel, scheme);
-            tray->show();
-        } else if (!available && tray) {
-            tray.reset();
-            panel.setStyle(PanelWindow::Style::Window);
-            panel.present(); // no status area: the window keeps Pinecove usable
-        }
-    };
-    followTray();
-    if (!tray)
-        panel.present();
-    QTimer trayWatch;
-    QObject::connect(&trayWatch, &QTimer::timeout, followTray);
-    trayWatch.start(3000);
+    Panel panel(store, PanelWindow::Style::Window);
+    TrayFollower tray(store, panel, scheme);
+    tray.start();
     QObject::connect(&instance, &SingleInstance::showRequested, &panel,
                      [&panel] { panel.present(QRect(QCursor::pos(), QSize(1, 1))); });
     return QApplication::exec();

@@ -29,16 +29,6 @@ Edge shortened(QPointF a, QPointF b) {
     return {a + step, b - step};
 }
 
-QIcon makeIcon(bool dirty, const QColor& colour) {
-    QIcon icon;
-    for (const qreal ratio : {1.0, 2.0, 3.0})
-        icon.addPixmap(QPixmap::fromImage(draw(dirty, ratio, colour)));
-#if defined(__APPLE__)
-    icon.setIsMask(true); // a template image: only its alpha counts
-#endif
-    return icon;
-}
-
 } // namespace
 
 std::array<QRectF, 3> nodeOvals() {
@@ -58,6 +48,27 @@ QColor foreground(bool darkScheme) {
 #else
     return darkScheme ? QColor(Qt::white) : QColor(Qt::black);
 #endif
+}
+
+QColor foregroundOn(const QColor& background) {
+    // WCAG's relative luminance; white and black meet at about 0.18.
+    const auto channel = [](double c) {
+        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    const double luminance = 0.2126 * channel(background.redF()) +
+                             0.7152 * channel(background.greenF()) +
+                             0.0722 * channel(background.blueF());
+    return luminance > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+QIcon icon(bool dirty, const QColor& colour) {
+    QIcon result;
+    for (const qreal ratio : {1.0, 2.0, 3.0})
+        result.addPixmap(QPixmap::fromImage(draw(dirty, ratio, colour)));
+#if defined(__APPLE__)
+    result.setIsMask(true); // a template image: only its alpha counts
+#endif
+    return result;
 }
 
 QImage draw(bool dirty, qreal devicePixelRatio, const QColor& colour) {
@@ -91,13 +102,6 @@ QImage draw(bool dirty, qreal devicePixelRatio, const QColor& colour) {
     if (dirty)
         painter.drawEllipse(unsavedDot);
     return image;
-}
-
-const QIcon& icon(bool dirty, bool darkScheme) {
-    static const std::array<QIcon, 4> icons{
-        makeIcon(false, foreground(false)), makeIcon(true, foreground(false)),
-        makeIcon(false, foreground(true)), makeIcon(true, foreground(true))};
-    return icons[static_cast<std::size_t>((darkScheme ? 2 : 0) + (dirty ? 1 : 0))];
 }
 
 } // namespace MenuBarIcon

@@ -33,11 +33,18 @@ std::array<Edge, 3> edges();
 // than 10:1 on the panels of its scheme (light #f6f5f4; dark #303030 and black).
 QColor foreground(bool darkScheme);
 
+// Black or white, whichever reads better on `background`: for a tray whose colour is known.
+QColor foregroundOn(const QColor& background);
+
+// The names of the symbolic icons installed in the icon theme, clean and with the dot. Hosts
+// that load icons by name recolour symbolic ones to their panel.
+inline constexpr const char* symbolicName = "io.pinecove.Pinecove-symbolic";
+inline constexpr const char* symbolicUnsavedName = "io.pinecove.Pinecove-unsaved-symbolic";
+
 // The icon drawn at a device pixel ratio.
 QImage draw(bool dirty, qreal devicePixelRatio, const QColor& colour = Qt::black);
 
-// The icon for a scheme, made once each (at 1x, 2x and 3x) and shared for the life of the
-// process.
-const QIcon& icon(bool dirty, bool darkScheme);
+// The icon in one colour, at 1x, 2x and 3x.
+QIcon icon(bool dirty, const QColor& colour);
 
 } // namespace MenuBarIcon

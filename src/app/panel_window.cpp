@@ -34,17 +34,7 @@ PanelWindow::PanelWindow(HostsStore& store, Style style)
     applyStyle();
 }
 
-void PanelWindow::setStyle(Style style) {
-    if (style == style_)
-        return;
-    style_ = style;
-    applyStyle();
-}
-
 void PanelWindow::applyStyle() {
-    const bool wasVisible = isVisible();
-    if (wasVisible)
-        hide(); // flags take effect on the next show
     if (style_ == Style::Popover) {
         setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
         setColor(Qt::transparent); // the panel draws its own rounded, translucent backdrop
@@ -54,8 +44,6 @@ void PanelWindow::applyStyle() {
         setFlags(Qt::Window);
         setColor(QGuiApplication::palette().color(QPalette::Window));
         fixSizeToPanel();
-        if (wasVisible)
-            present();
     }
 }
 
@@ -68,7 +56,7 @@ void PanelWindow::fixSizeToPanel() {
 }
 
 bool PanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Close && style_ == Style::Window)
+    if (event->type() == QEvent::Close && style_ == Style::Window && closeQuits_)
         QCoreApplication::quit();
     return QQuickView::event(event);
 }

@@ -7,8 +7,8 @@ class HostsStore;
 
 // The window that holds PanelView: a frameless popover under the tray item, or, where the
 // desktop has no tray (or places no client's windows, as on Wayland), an ordinary small window
-// of fixed size, which tiling compositors float rather than tile. The style follows the tray
-// as it comes and goes.
+// of fixed size, which tiling compositors float rather than tile. A window keeps the style it
+// was made with: see Panel, which makes a new one when the tray comes or goes.
 class PanelWindow : public QQuickView {
     Q_OBJECT
 
@@ -17,7 +17,9 @@ public:
 
     PanelWindow(HostsStore& store, Style style);
 
-    void setStyle(Style style);
+    Style style() const { return style_; }
+    // Whether closing the window quits Pinecove: only while no tray icon can bring it back.
+    void setCloseQuits(bool quits) { closeQuits_ = quits; }
     // Opens the popover under `anchor` (the tray item's rectangle, or a point), or closes it if
     // it is open.
     void toggleAt(const QRect& anchor);
@@ -27,13 +29,15 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     // Without a tray the window is all of Pinecove: closing it quits, as "Quit Pinecove" does.
+    // With one (a Wayland desktop's, where the panel is always a window), closing hides it.
     bool event(QEvent* event) override;
 
 private:
     void placeUnder(const QRect& anchor);
-    // Flags, colour and size of the current style; a visible window is shown again in it.
+    // Flags, colour and size of the style.
     void applyStyle();
     void fixSizeToPanel();
 
     Style style_;
+    bool closeQuits_ = true;
 };

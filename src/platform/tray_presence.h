@@ -7,10 +7,25 @@
 // Qt decides once per process whether to use a StatusNotifierItem host, the first time anything
 // asks it about trays; asked before the host is up, it never uses one. So Pinecove answers this
 // itself and makes its tray icon only once a status area is there.
+#include <QColor>
+#include <QtGui/qwindowdefs.h>
+#include <optional>
+
 namespace TrayPresence {
 
 enum class Kind { None, StatusNotifier, XEmbed };
 
 Kind current();
+
+// Whether the watcher lists an item of this process and a host shows items: only then is the
+// icon really somewhere a user can click it.
+bool statusNotifierItemShown();
+
+// Whether the X11 window `icon` sits inside a tray (a tray reparents the icons it embeds).
+bool embeddedInTray(WId icon);
+
+// The most common colour of the X11 tray's own window: what an icon there is drawn on. Nothing
+// where it cannot be read.
+std::optional<QColor> xembedTrayBackground();
 
 } // namespace TrayPresence

@@ -8,4 +8,16 @@ Kind current() {
     return Kind::StatusNotifier;
 }
 
+bool statusNotifierItemShown() {
+    return true;
+}
+
+bool embeddedInTray(WId) {
+    return false;
+}
+
+std::optional<QColor> xembedTrayBackground() {
+    return std::nullopt; // the menu bar tints the template icon itself
+}
+
 } // namespace TrayPresence

@@ -35,6 +35,21 @@ std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError)
                              : message.toStdString();
 }
 
+namespace {
+
+bool noAgent(const QByteArray& standardError) {
+    return standardError.contains("No authentication agent found") ||
+           standardError.contains("Error creating textual authentication agent");
+}
+
+} // namespace
+
+std::string ProcessScriptRunner::noAgentMessage() {
+    return "No password prompt could be shown: no polkit authentication agent is running. Start "
+           "your desktop's agent, or install one (Debian: sudo apt install lxpolkit) and log in "
+           "again, then apply again.";
+}
+
 std::string ProcessScriptRunner::dismissedMessage() {
     // The same cancel marker that a dismissed macOS dialog carries, so that the apply flow
     // treats both alike.
@@ -107,8 +122,12 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
             else if (normal && prompt && exitCode == prompt->dismissed)
                 (*shared)(Failed{dismissedMessage()});
             else if (normal && prompt && exitCode == prompt->notAuthorized)
-                // pkexec's own text runs over three lines and speaks of "another user".
-                (*shared)(Failed{"Not authorized to update the hosts file."});
+                // pkexec gives one status for both; only its words tell a refusal from a
+                // session with no agent to show the prompt (and, without a terminal, no
+                // text prompt of pkexec's own either).
+                (*shared)(Failed{noAgent(process->readAllStandardError())
+                                     ? noAgentMessage()
+                                     : "Not authorized to update the hosts file."});
             else
                 (*shared)(Failed{failureMessage(process->readAllStandardError())});
         });

@@ -42,6 +42,8 @@ public:
     static std::string failureMessage(const QByteArray& standardError);
     // The message of a dismissed prompt; it carries the cancel marker.
     static std::string dismissedMessage();
+    // The message when no polkit agent runs to show the prompt (sway ships none).
+    static std::string noAgentMessage();
 
 private:
     QString program_;

@@ -3,11 +3,15 @@
 # Pinecove as a user meets it: the real binary on a virtual display, driven by xdotool, writing
 # the real path /etc/hosts as root in a private mount namespace (see private_etc.sh). In "tray"
 # and "window" a typed add and Ctrl+Return write the file, with a backup; "atspi" reads and drives
-# the panel as a screen reader does (atspi_probe.py); in "late-tray" an XEmbed tray, and in "sni"
-# a StatusNotifierWatcher (sni.py, as KDE, waybar and GNOME's extension offer), starts after
-# Pinecove: the item must reach it (in "sni": its menu, tooltip and icon too), and the window
-# must come back when it goes.
-# Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR tray|window|atspi|late-tray|sni
+# the panel as a screen reader does (atspi_probe.py); in "sni" a StatusNotifierWatcher (sni.py,
+# as KDE, waybar and GNOME's extension offer) starts after Pinecove: the item must reach it, with
+# its menu, tooltip and icon, and the window must come back when it goes. "late-tray" runs under
+# a real window manager (openbox), and "late-tray-composited" adds a compositor (xcompmgr):
+# trays come and go (none, XEmbed, none, a StatusNotifierItem watcher, none), and after each
+# change the panel, as a popover or as a window, must be on screen and drawn, judged from a
+# screenshot, before anything clicks on it.
+# Usage: acceptance_test.sh PINECOVE_BINARY SCREENSHOT_DIR
+#        tray|window|atspi|late-tray|late-tray-composited|sni
 set -euo pipefail
 app=$1
 shots=$2
@@ -18,7 +22,13 @@ for tool in Xvfb xdotool import; do
     command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
 done
 case $mode in
-tray | late-tray) command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
+tray) command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
+late-tray*)
+    for tool in trayer openbox xcompmgr; do
+        command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
+    done
+    /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed"
+    ;;
 sni) /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed" ;;
 atspi) [ -x /usr/libexec/at-spi-bus-launcher ] && /usr/bin/python3 -c 'import pyatspi' 2>/dev/null ||
     skip "at-spi2-core or python3-pyatspi is not installed" ;;
@@ -65,7 +75,7 @@ trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 start_xvfb "$work" || fail "Xvfb did not start"
 pids+=("$XVFB_PID")
 
-if [ "$mode" = atspi ] || [ "$mode" = sni ]; then
+if [ "$mode" = atspi ] || [ "$mode" = sni ] || [[ $mode == late-tray* ]]; then
     # A session bus of our own: no desktop's, no other program's.
     bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1)
     export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
@@ -77,6 +87,14 @@ if [ "$mode" = atspi ]; then
     export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 NO_AT_BRIDGE=0
 fi
 
+if [[ $mode == late-tray* ]]; then
+    openbox >/dev/null 2>&1 &
+    pids+=($!)
+    if [ "$mode" = late-tray-composited ]; then
+        xcompmgr >/dev/null 2>&1 &
+        pids+=($!)
+    fi
+fi
 if [ "$mode" = tray ]; then
     trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
     pids+=($!)
@@ -97,7 +115,13 @@ if [ "$mode" = sni ]; then
     wait_for registered || fail "the item did not register with the watcher ($(cat "$work/app.log"))"
     [ "$(sni get ToolTip)" = Pinecove ] || fail "tooltip: $(sni get ToolTip)"
     [ "$(sni menu | tr '\n' ,)" = "Open Pinecove,Refresh,Quit Pinecove," ] || fail "menu: $(sni menu)"
-    clean_icon=$(sni get IconPixmap)
+    icon() { echo "$(sni get IconName) $(sni get IconPixmap)"; }
+    clean_icon=$(icon)
+    # Installed, the icon goes by its symbolic name, which hosts recolour to their panel.
+    symbolic=/usr/share/icons/hicolor/symbolic/apps/io.pinecove.Pinecove-symbolic.svg
+    if [ -f "$symbolic" ] && [ "$(sni get IconName)" != io.pinecove.Pinecove-symbolic ]; then
+        fail "the installed icon is not given by name: IconName $(sni get IconName)"
+    fi
     sni activate
 fi
 if [ "$mode" = tray ]; then
@@ -132,22 +156,66 @@ if [ "$mode" = sni ]; then
     add_in_panel
     unsaved() { [ "$(sni get ToolTip)" = "Pinecove, unsaved changes" ]; }
     wait_for unsaved || fail "the tooltip after an edit: $(sni get ToolTip)"
-    [ "$(sni get IconPixmap)" != "$clean_icon" ] || fail "the icon did not gain its dot"
+    [ "$(icon)" != "$clean_icon" ] || fail "the icon did not gain its dot"
     xdotool key Escape
     kill "$watcher_pid"
     wait_for window_shown || fail "the window did not come back when the tray went away"
     echo "PASSED (sni): registered late, activated, menu, tooltip and icon follow the edit, window when the tray left"
     exit 0
 fi
-if [ "$mode" = late-tray ]; then
+mkdir -p "$shots"
+# The panel is drawn: its header (the icon and "Pinecove") and its first rows show many
+# colours. A panel left undrawn is one colour (black, or see-through under a compositor).
+drawn() {
+    local shot="$work/drawn.png"
+    timeout 10 import -window "$window" "$shot" 2>/dev/null || return 1
+    local header rows
+    header=$(convert "$shot" -crop 340x44+10+8 +repage -format %k info:)
+    rows=$(convert "$shot" -crop 340x80+10+70 +repage -format %k info:)
+    [ "$header" -gt 40 ] && [ "$rows" -gt 40 ]
+}
+# The tray icon's own window, once a tray shows it.
+tray_icon() { xdotool search --onlyvisible --class pinecove 2>/dev/null | while read -r w; do
+    [ "$(xdotool getwindowgeometry --shell "$w" | sed -n 's/^WIDTH=//p')" -lt 100 ] && echo "$w"; done | head -n 1; }
+# $1: what just changed. The panel must be there and drawn, before anything clicks on it.
+expect_drawn() {
+    wait_for window_shown || fail "$1: no panel on screen ($(cat "$work/app.log"))"
+    wait_for drawn || { cp "$work/drawn.png" "$shots/acceptance-$mode-undrawn.png" 2>/dev/null
+        fail "$1: the panel is on screen but not drawn (see $shots/acceptance-$mode-undrawn.png)"; }
+    mkdir -p "$shots"
+    cp "$work/drawn.png" "$shots/acceptance-$mode-$2.png"
+}
+if [[ $mode == late-tray* ]]; then
+    expect_drawn "no tray at start" 1-window
+    # An unsaved edit, which every change of tray below must leave alone.
+    clean_height=$(height)
+    add_in_panel
+    taller() { [ "$(height)" -gt "$clean_height" ]; }
+    wait_for taller || fail "no apply bar after Return"
+    sleep 0.5 # the bar's entrance
+    dirty_height=$(height)
     trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
     tray_pid=$!
     pids+=("$tray_pid")
-    tray_item_shown() { xdotool search --onlyvisible --class pinecove >/dev/null 2>&1 && [ -z "$(panel_window)" ]; }
-    wait_for tray_item_shown || fail "the late tray did not get the item, or the window stayed"
+    icon_only() { [ -n "$(tray_icon)" ] && [ -z "$(panel_window)" ]; }
+    wait_for icon_only || fail "the late XEmbed tray did not take the item over from the window"
+    eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"
+    xdotool mousemove $((X + 5)) $((Y + 5)) click 1
+    expect_drawn "the popover from the late tray" 2-popover
+    xdotool key Escape
     kill "$tray_pid"
-    wait_for window_shown || fail "the window did not come back when the tray went away"
-    echo "PASSED (late-tray): adopted by a tray that came late, back to a window when it left"
+    expect_drawn "the tray went away" 3-window-again
+    # A StatusNotifierItem watcher now: Qt keeps the X11 kind it chose, so the window must stay.
+    /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items" &
+    watcher_pid=$!
+    pids+=("$watcher_pid")
+    sleep 6 # the follower's grace for an icon that never shows, and a little more
+    expect_drawn "a StatusNotifierItem watcher came" 4-window-with-watcher
+    kill "$watcher_pid"
+    sleep 3
+    expect_drawn "the watcher went away" 5-window-at-end
+    [ "$(height)" -eq "$dirty_height" ] || fail "the unsaved edit is gone (height $(height), was $dirty_height)"
+    echo "PASSED ($mode): the panel was on screen and drawn after every tray change"
     exit 0
 fi
 if [ "$mode" = atspi ]; then

@@ -87,25 +87,41 @@ private slots:
         }
     }
 
-    // On the panels each scheme implies, the nodes and the dot read at 3:1 or better, measured on
-    // the pixels as the panel shows them; the dot shows only with unsaved changes. The
+    // The nodes and the dot read at 3:1 or better, measured on the pixels as the panel shows
+    // them, and the dot shows only with unsaved changes: in the scheme's colour on the panels
+    // that scheme implies, and in the colour chosen for a tray whose own colour is read. The
     // composites are saved for review.
-    void readsOnThePanelsOfItsScheme() {
-        const std::pair<QColor, bool> panels[] = {
-            {QColor(0xf6f5f4), false}, {QColor(0x303030), true}, {QColor(Qt::black), true}};
+    void readsOnItsPanel_data() {
+        QTest::addColumn<QColor>("panel");
+        QTest::addColumn<QColor>("glyph");
+        QTest::newRow("light scheme, light panel")
+            << QColor(0xf6f5f4) << MenuBarIcon::foreground(false);
+        QTest::newRow("dark scheme, dark panel")
+            << QColor(0x303030) << MenuBarIcon::foreground(true);
+        QTest::newRow("dark scheme, black panel")
+            << QColor(Qt::black) << MenuBarIcon::foreground(true);
+        const std::pair<const char*, QColor> trays[] = {
+            {"GNOME top bar", QColor(Qt::black)},   {"Plasma light", QColor(0xeff0f1)},
+            {"Plasma dark", QColor(0x31363b)},      {"Xfce default", QColor(0x2b2b2b)},
+            {"Cinnamon default", QColor(0x2e2e33)}, {"mid grey", QColor(0x777777)},
+        };
+        for (const auto& [name, colour] : trays)
+            QTest::newRow(name) << colour << MenuBarIcon::foregroundOn(colour);
+    }
+    void readsOnItsPanel() {
+        QFETCH(QColor, panel);
+        QFETCH(QColor, glyph);
         for (const qreal ratio : {1.0, 2.0})
-            for (const auto& [panel, darkScheme] : panels)
-                readsOn(panel, darkScheme, ratio);
+            readsOn(panel, glyph, ratio);
     }
 
 private:
-    void readsOn(const QColor& panel, bool darkScheme, qreal ratio) {
+    void readsOn(const QColor& panel, const QColor& glyph, qreal ratio) {
         for (const bool dirty : {false, true}) {
             QImage image(qRound(18 * ratio), qRound(18 * ratio), QImage::Format_RGB32);
             image.setDevicePixelRatio(ratio);
             image.fill(panel);
-            QPainter(&image).drawImage(
-                0, 0, MenuBarIcon::draw(dirty, ratio, MenuBarIcon::foreground(darkScheme)));
+            QPainter(&image).drawImage(0, 0, MenuBarIcon::draw(dirty, ratio, glyph));
             const double node = contrast(image.pixel(pixelOf({9, 13.8}, ratio)), panel.rgb());
             QVERIFY2(node >= 3, qPrintable(QStringLiteral("node at %1:1").arg(node)));
             const QPoint dot = pixelOf(MenuBarIcon::unsavedDot.center(), ratio);

@@ -53,6 +53,9 @@ for page in pinecove pinecove-inspect pinecovectl; do
 done
 [ -f /usr/share/doc/pinecove/copyright ] || fail "no copyright file"
 [ -f /usr/share/bash-completion/completions/pinecovectl ] || fail "no bash completion for pinecovectl"
+for name in io.pinecove.Pinecove-symbolic io.pinecove.Pinecove-unsaved-symbolic; do
+    [ -f "/usr/share/icons/hicolor/symbolic/apps/$name.svg" ] || fail "no symbolic tray icon $name"
+done
 /usr/bin/pinecovectl --help | grep -q '^Usage: pinecovectl' || fail "pinecovectl does not run"
 answer=$(/usr/bin/pinecove-inspect --input myapp.test)
 [ "$answer" = '{"ip":"127.0.0.1","hosts":["myapp.test"]}' ] || fail "pinecove-inspect said $answer"
@@ -69,6 +72,8 @@ done
 # The installed programs, driven: a crash, a missing QML module or library fails here.
 "$source_dir/tests/app/acceptance_test.sh" /usr/bin/pinecove "$shots" window ||
     fail "the installed app did not add and apply a mapping (status $?)"
+"$source_dir/tests/app/acceptance_test.sh" /usr/bin/pinecove "$shots" sni ||
+    fail "the installed app's tray item (status $?)"
 "$source_dir/tests/tools/pinecovectl_end_to_end_test.sh" /usr/bin/pinecovectl ||
     fail "the installed pinecovectl failed its run (status $?)"
 

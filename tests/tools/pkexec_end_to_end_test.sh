@@ -74,5 +74,19 @@ as_user remove myapp.test --quiet >"$work/out" 2>&1 || status=$?
     fail "refused remove said: $(cat "$work/out")"
 cmp -s /etc/hosts "$work/before" || fail "a refused remove changed /etc/hosts"
 
+# A password is needed and no agent runs to ask for it (sway ships none): the message says so
+# and names a remedy, instead of calling it a refusal.
+rule AUTH_ADMIN
+no_agent_said() {
+    status=0
+    setsid --wait bash -c "$(declare -f as_user); ctl=$ctl work=$work as_user remove myapp.test --quiet" \
+        </dev/null >"$work/out" 2>&1 || status=$?
+    grep -q '^No password prompt could be shown: no polkit authentication agent is running' "$work/out"
+}
+for _ in $(seq 50); do no_agent_said && break; sleep 0.2; done # until polkitd rereads its rules
+[ "$status" -eq 1 ] || fail "remove with no agent: status $status"
+no_agent_said || fail "remove with no agent said: $(cat "$work/out")"
+cmp -s /etc/hosts "$work/before" || fail "a remove with no agent changed /etc/hosts"
+
 [ "$failures" -eq 0 ] || exit 1
-echo "pkexec and polkit ran the helper for an unprivileged user; a refusal wrote nothing"
+echo "pkexec and polkit ran the helper for an unprivileged user; a refusal and a missing agent wrote nothing"

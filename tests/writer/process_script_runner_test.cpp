@@ -54,6 +54,9 @@ private slots:
              "failed: The administrator prompt was dismissed. (-128)"},
             {"printf 'Error executing command as another user\\n\\nreported\\n' >&2; exit 127",
              true, "failed: Not authorized to update the hosts file."},
+            {"printf 'Error executing command as another user: No authentication agent "
+             "found.\n' >&2; exit 127",
+             true, "failed: " + QString::fromStdString(ProcessScriptRunner::noAgentMessage())},
             {"echo 'Disk full' >&2; exit 5", true, "failed: Disk full"},
         };
         for (const auto& [behaviour, pkexec, outcome] : cases) {

@@ -33,17 +33,89 @@ ListView {
     model: Store.customEntries
     keyNavigationEnabled: true
     activeFocusOnTab: count > 0
-    // Tab lands on the list itself: hand the focus to the current row, the first at the start.
-    // Focus that reaches a row directly (a click, a screen reader) must stay on that row.
+    // Tab from above lands on the current row (the first at the start), Shift+Tab from below on
+    // the system section, whatever the list last had focused inside. Focus that reaches a row
+    // directly (a click, a screen reader) stays on that row.
     onActiveFocusChanged: {
-        if (!activeFocus || Window.activeFocusItem !== list)
+        if (!activeFocus)
             return;
-        if (currentIndex < 0)
-            currentIndex = 0;
-        positionViewAtIndex(currentIndex, ListView.Contain);
+        const focused = Window.activeFocusItem;
+        if (focused && focused.objectName === "mainControl")
+            return;
+        const fromAbove = focusOutside !== null && focusOutside.mapToItem(list, 0, 0).y < 0;
+        if (focused === list || (fromAbove && count > 0)) {
+            if (currentIndex < 0)
+                currentIndex = 0;
+            positionViewAtIndex(currentIndex, ListView.Contain);
+            currentItem.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+    // Focus never rests on a row out of view.
+    onCurrentIndexChanged: {
+        if (currentIndex >= 0)
+            positionViewAtIndex(currentIndex, ListView.Contain);
     }
     highlightFollowsCurrentItem: false
     currentIndex: -1
+
+    // The last item with the keyboard outside the list, to tell a Tab from a Shift+Tab.
+    property Item focusOutside: null
+    function holds(item) {
+        for (let i = item; i; i = i.parent)
+            if (i === list)
+                return true;
+        return false;
+    }
+    Connections {
+        target: list.Window.window
+        function onActiveFocusItemChanged() {
+            const item = list.Window.activeFocusItem;
+            if (item && !list.holds(item))
+                list.focusOutside = item;
+        }
+    }
+
+    // Home, End, Page Up and Page Down move through the rows, as in any list.
+    function moveTo(index) {
+        if (count === 0)
+            return;
+        currentIndex = Math.max(0, Math.min(count - 1, index));
+        currentItem.forceActiveFocus(Qt.OtherFocusReason);
+    }
+    readonly property int rowsPerPage: Math.max(1, Math.floor(height / 50) - 1)
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Home)
+            moveTo(0);
+        else if (event.key === Qt.Key_End)
+            moveTo(count - 1);
+        else if (event.key === Qt.Key_PageUp)
+            moveTo(currentIndex - rowsPerPage);
+        else if (event.key === Qt.Key_PageDown)
+            moveTo(currentIndex + rowsPerPage);
+        else
+            return;
+        event.accepted = true;
+    }
+
+    // A new entry is scrolled into view, wherever its sorted place is; on the next turn of the
+    // event loop, as the view may hear of the new row after this handler does.
+    property int insertedRow: -1
+
+    Connections {
+        function onRowsInserted(parent, first) {
+            list.insertedRow = first;
+            reveal.restart();
+        }
+
+        target: list.model
+    }
+
+    Timer {
+        id: reveal
+
+        interval: 0
+        onTriggered: list.positionViewAtIndex(list.insertedRow, ListView.Contain)
+    }
 
     // Tab leaves the list for the next control, Shift+Tab for the one before it.
     function leave(forward) {
@@ -85,6 +157,14 @@ ListView {
         topPadding: list.count > 0 ? 6 : 0
         expanded: list.systemExpanded
         onExpandedChanged: list.systemExpanded = expanded
+        onToggleFocused: list.positionViewAtEnd()
+        onBacktabbed: event => {
+            if (list.count === 0) {
+                event.accepted = false;
+                return;
+            }
+            list.moveTo(list.currentIndex < 0 ? list.count - 1 : list.currentIndex);
+        }
     }
 
     ScrollBar.vertical: ScrollBar {

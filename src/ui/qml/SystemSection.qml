@@ -10,6 +10,11 @@ ColumnLayout {
     property bool expanded: false
     property real topPadding: 0
 
+    // Its toggle took the keyboard: the list brings it into view.
+    signal toggleFocused
+    // Shift+Tab on the toggle: the rows above come before it, when there are any.
+    signal backtabbed(var event)
+
     spacing: 2
     visible: Store.systemEntries.count > 0
 
@@ -30,6 +35,11 @@ ColumnLayout {
         Accessible.onPressAction: flip()
         Keys.onSpacePressed: flip()
         Keys.onReturnPressed: flip()
+        Keys.onBacktabPressed: event => section.backtabbed(event)
+        onActiveFocusChanged: {
+            if (activeFocus)
+                section.toggleFocused();
+        }
 
         TapHandler {
             onTapped: toggle.flip()

@@ -123,27 +123,63 @@ TestCase {
         compare(Store.subtitle, "2 active \u00B7 1 off");
     }
 
+    // Twice round the loop each way: every control and the rows take focus, in visual order,
+    // and the focused thing is in view.
     function test_tabFollowsTheVisualOrderWithAVisibleRing() {
         const focusName = () => {
             const f = panel.Window.activeFocusItem;
+            const list = named("entryList");
+            const at = f.mapToItem(list, 0, 0);
+            verify(!list.contains(Qt.point(at.x, at.y)) || (at.y >= 0 && at.y + f.height <= list.height), "out of view: " + f.objectName);
             return f.objectName === "mainControl" ? f.parent.parent.title : f.objectName;
         };
         clickRow("beta.test"); // unsaved: the apply bar shows
         named("moreActions").forceActiveFocus(Qt.TabFocusReason);
-        const order = [];
-        for (let i = 0; i < 6; ++i) {
-            keyClick(Qt.Key_Tab);
-            order.push(focusName());
+        const loop = ["alpha.test", "systemToggle", "discardButton", "applyButton", "inputField", "moreActions"];
+        for (const [key, expected] of [[Qt.Key_Tab, loop.concat(loop)], [Qt.Key_Backtab, loop.slice(0, 5).reverse().concat(["moreActions"], loop.slice(0, 5).reverse(), ["moreActions"])]]) {
+            const order = [];
+            for (let i = 0; i < expected.length; ++i) {
+                keyClick(key);
+                order.push(focusName());
+            }
+            compare(order, expected);
         }
-        compare(order, ["alpha.test", "systemToggle", "discardButton", "applyButton", "inputField", "moreActions"]);
         keyClick(Qt.Key_Tab);
         keyClick(Qt.Key_Down);
         compare(focusName(), "beta.test");
         const edge = row("beta.test").mapToItem(panel, 2, row("beta.test").height / 2);
         const seen = grabImage(panel).pixel(edge.x, edge.y);
         verify(Math.abs(seen.r - Theme.focus.r) + Math.abs(seen.g - Theme.focus.g) + Math.abs(seen.b - Theme.focus.b) < 0.1, "ring drawn: " + seen);
-        keyClick(Qt.Key_Backtab);
-        compare(focusName(), "moreActions");
+    }
+
+    // In a list longer than the panel, the row with the keyboard and a new entry are in view.
+    function test_keyboardAndAddsKeepTheRowInView() {
+        let text = "127.0.0.1 localhost\n";
+        for (let i = 10; i < 40; ++i)
+            text += "127.0.0.1 host" + i + ".test\n";
+        TestHosts.reset(text);
+        panel.appeared();
+        const list = named("entryList");
+        const inView = () => {
+            const f = panel.Window.activeFocusItem;
+            const at = f.mapToItem(list, 0, 0);
+            return f.objectName === "mainControl" && at.y >= 0 && at.y + f.height <= list.height;
+        };
+        named("moreActions").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        for (const [key, times, title] of [[Qt.Key_Down, 20, "host30.test"], [Qt.Key_End, 1, "host39.test"], [Qt.Key_Home, 1, "host10.test"], [Qt.Key_PageDown, 1, null]]) {
+            for (let i = 0; i < times; ++i)
+                keyClick(key);
+            tryVerify(inView, 1000, "focus out of view after key " + key);
+            if (title)
+                compare(panel.Window.activeFocusItem.parent.parent.title, title);
+        }
+        type("host99.test");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => {
+                const r = row("host99.test");
+                return r && r.mapToItem(list, 0, 0).y >= 0 && r.mapToItem(list, 0, r.height).y <= list.height;
+            }, 2000, "the new entry is out of view");
     }
 
     function test_moreActionsMenuFitsInsideThePanel() {

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "panel.h"
+
+namespace {
+
+// Later, not now: the style may change while the old window is still delivering an event.
+void hideAndDeleteLater(PanelWindow* window) {
+    window->hide();
+    window->deleteLater();
+}
+
+} // namespace
+
+Panel::Panel(HostsStore& store, PanelWindow::Style style)
+    : store_(store)
+    , window_(new PanelWindow(store, style), &hideAndDeleteLater) {}
+
+void Panel::setStyle(PanelWindow::Style style) {
+    if (style == window_->style())
+        return;
+    window_.reset(new PanelWindow(store_, style));
+    window_->setCloseQuits(closeQuits_);
+}
+
+void Panel::setCloseQuits(bool quits) {
+    closeQuits_ = quits;
+    window_->setCloseQuits(quits);
+}
