@@ -50,7 +50,8 @@ class PinecovectlTest : public QObject {
 private slots:
     // One row a command line, split at spaces: "␣" stands for a space inside a word, a word ""
     // for an empty one, "FILE" for the batch file written from `setup` ("batch:TEXT"). Other
-    // setups: "conflict" and "dismissed" (the write's outcome), "large" (a file near the limit).
+    // setups: "conflict", "dismissed" and "again" (the write's outcome), "large" (a file near the
+    // limit), "latin1" (a file that is not UTF-8).
     void commands_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("setup");
@@ -140,6 +141,8 @@ private slots:
             "would be 200004 bytes; Pinecove writes at most 199999", "", "large");
         row("conflict", "add x.test", 1, "changed while pinecovectl", "", "conflict");
         row("dismissed", "add x.test", 1, "Cancelled", "", "dismissed");
+        row("panel wording", "add x.test", 1, "Install it and run the command again.", "", "again");
+        row("not UTF-8", "list", 1, "is not UTF-8 text", "", "latin1");
         row("quiet", "remove api.test --quiet", 0, "Wrote /etc/hosts", "127.0.0.1 Api.test=>");
         row("after --", "remove -- api.test", 0, "", "127.0.0.1 Api.test=>");
         row("version", "--version", 0, "pinecovectl 0.");
@@ -170,6 +173,12 @@ private slots:
         HostsFixture hosts(start);
         if (setup == QLatin1String("conflict"))
             hosts.runner->outcome = ScriptRunner::Failed{HostsStore::conflictMessage.toStdString()};
+        if (setup == QLatin1String("again"))
+            hosts.runner->outcome = ScriptRunner::Failed{"Install it and apply again."};
+        if (setup == QLatin1String("latin1")) {
+            start += "# caf\xe9\n";
+            hosts.write(start);
+        }
         if (setup == QLatin1String("dismissed"))
             hosts.runner->outcome = ScriptRunner::Failed{"Request dismissed (-128)"};
         QStringList words = line.split(QLatin1Char(' '));
@@ -194,7 +203,8 @@ private slots:
         QCOMPARE(hosts.read(), expected);
         // One backup and one run of the runner for each write (also one the runner then failed),
         // none for a dry run.
-        const bool ran = setup == QLatin1String("conflict") || setup == QLatin1String("dismissed");
+        const bool ran = setup == QLatin1String("conflict") ||
+                         setup == QLatin1String("dismissed") || setup == QLatin1String("again");
         const int writes = changes.isEmpty() && !ran ? 0 : 1; // a batch's too: one prompt
         QCOMPARE(hosts.backupCount(), writes);
         QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);

@@ -47,7 +47,10 @@ QString forTerminal(const QString& message) {
                               "as the other program wrote it. Run the command again.");
     if (message == QString::fromUtf8(PrivilegedWriter::tooLargeMessage.data()))
         return QStringLiteral("The new /etc/hosts is too large to write.");
-    return message;
+    QString said = message;
+    if (said.endsWith(QLatin1String("apply again.")))
+        said.replace(said.size() - 12, 12, QStringLiteral("run the command again."));
+    return said;
 }
 
 class Ctl {
