@@ -19,6 +19,10 @@ const QStringList selecting =
 const QStringList taking{QStringLiteral("--address"), QStringLiteral("--changed-exit")};
 
 const QMap<QString, CommandForm>& commands() {
+    static const QString shared = QStringLiteral(
+        "  A name on several lines needs --address ADDRESS (those lines) or --whole-lines (all "
+        "of\n"
+        "  them, whole); so does a line shared with other names, which switches them too.\n");
     static const QMap<QString, CommandForm> forms{
         {QStringLiteral("list"),
          {0,
@@ -48,22 +52,21 @@ const QMap<QString, CommandForm>& commands() {
         {QStringLiteral("on"),
          {1, -1, selecting,
           QStringLiteral("pinecovectl on NAME... [--address ADDRESS] [--whole-lines]\n"
-                         "  Switches on the line that lists NAME.\n")}},
+                         "  Switches on the line that lists NAME.\n") +
+              shared}},
         {QStringLiteral("off"),
          {1, -1, selecting,
           QStringLiteral("pinecovectl off NAME... [--address ADDRESS] [--whole-lines]\n"
-                         "  Switches off (comments out) the line that lists NAME.\n")}},
+                         "  Switches off (comments out) the line that lists NAME.\n") +
+              shared}},
         {QStringLiteral("remove"),
          {1, -1, selecting,
           QStringLiteral("pinecovectl remove NAME... [--address ADDRESS] [--whole-lines]\n"
                          "  Removes NAME: its line, or only the name from a line it shares. A "
                          "name no line lists is\n"
-                         "  already removed.\n"
-                         "  on, off and remove refuse a name on several lines (pick one with "
-                         "--address ADDRESS, or\n"
-                         "  all of them with --whole-lines) and on and off a line shared with "
-                         "other names (switch it\n"
-                         "  whole with --whole-lines).\n")}},
+                         "  already removed. A name on several lines needs --address ADDRESS "
+                         "(those lines) or\n"
+                         "  --whole-lines (all of them, whole).\n")}},
         {QStringLiteral("batch"),
          {1, 1, writing,
           QStringLiteral("pinecovectl batch FILE|-\n"
@@ -82,10 +85,11 @@ const QMap<QString, CommandForm>& commands() {
         {QStringLiteral("restore"),
          {0, 1, writing,
           QStringLiteral("pinecovectl restore [BACKUP]\n"
-                         "  Writes the newest backup (or BACKUP, a name from 'pinecovectl "
-                         "backups' or a path) back\n"
-                         "  to /etc/hosts byte for byte, after a fresh backup of the current "
-                         "file.\n")}},
+                         "  Writes the newest backup (or BACKUP: a name from 'pinecovectl "
+                         "backups', or a path with\n"
+                         "  a slash such as ./hosts.old) back to /etc/hosts byte for byte, "
+                         "after a fresh backup of\n"
+                         "  the current file. UTF-8 text without NUL bytes only.\n")}},
     };
     return forms;
 }
