@@ -209,6 +209,23 @@ private slots:
         QCOMPARE(hosts.backupCount(), writes);
         QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
     }
+
+    // A hosts file the store cannot load (not UTF-8) is still replaced by a backup, after its own.
+    void restoreOverAFileThatIsNotUtf8() {
+        HostsFixture hosts("127.0.0.1 caf\xe9.test\n");
+        QVERIFY(QDir().mkpath(hosts.backupsFolder()));
+        QFile backup(hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.00.00"));
+        QVERIFY(backup.open(QIODevice::WriteOnly));
+        QCOMPARE(backup.write(sample.data(), static_cast<qint64>(sample.size())),
+                 static_cast<qint64>(sample.size()));
+        backup.close();
+        QString output;
+        QTextStream out(&output), err(&output);
+        const QStringList words{QStringLiteral("restore"), QStringLiteral("--quiet")};
+        QCOMPARE(runPinecovectl(words, hosts.environment(), out, err), 0);
+        QCOMPARE(hosts.read(), sample);
+        QCOMPARE(hosts.backupCount(), 2);
+    }
 };
 
 QTEST_GUILESS_MAIN(PinecovectlTest)

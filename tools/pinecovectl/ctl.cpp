@@ -5,6 +5,7 @@
 #include "batch.h"
 #include "ctl_arguments.h"
 #include "edits.h"
+#include "raw_write.h"
 #include "unified_diff.h"
 #include "utf8.h"
 
@@ -58,6 +59,7 @@ public:
     Ctl(const CtlArguments& arguments, HostsStore::Environment environment, QTextStream& out,
         QTextStream& err)
         : arguments_(arguments)
+        , environment_(environment)
         , hostsPath_(environment.hostsPath)
         , backups_(environment.backupsFolder ? environment.backupsFolder : Backups::defaultFolder)
         , store_(std::move(environment))
@@ -68,12 +70,12 @@ public:
         const QString& command = arguments_.command;
         if (command == QLatin1String("backups"))
             return listBackups();
+        if (command == QLatin1String("restore"))
+            return restore();
         if (store_.hasError())
             return fail(readProblem());
         if (command == QLatin1String("list"))
             return list();
-        if (command == QLatin1String("restore"))
-            return restore();
         QString error;
         const int status = command == QLatin1String("batch")
                                ? applyBatch(store_, arguments_.operands.front(), error)
@@ -178,7 +180,31 @@ private:
             return fail(QStringLiteral("%1 is not UTF-8 text without NUL bytes; Pinecove will not "
                                        "write it to /etc/hosts.")
                             .arg(path));
-        return write(*bytes, true);
+        if (!store_.hasError())
+            return write(*bytes, true);
+        // A file the store cannot load (not UTF-8) is replaced as it stands.
+        const auto current = readBytes(hostsPath_);
+        if (!current || isValidUtf8(*current))
+            return fail(readProblem());
+        if (arguments_.dryRun || !arguments_.quiet)
+            out_ << unifiedDiff(*current, *bytes);
+        if (arguments_.dryRun)
+            return changed();
+        return finish(replaceUnloadable(*bytes, *current, environment_), bytes->size());
+    }
+
+    // The outcome of a write that got under way: `failure` as the runner said it, if any.
+    int finish(const std::optional<std::string>& failure, std::size_t size) {
+        if (failure && failure->find(PrivilegedWriter::cancelMarker) != std::string::npos) {
+            err_ << "pinecovectl: Cancelled; nothing was written." << Qt::endl;
+            return CtlStatus::refused;
+        }
+        if (failure)
+            return fail(forTerminal(QString::fromStdString(*failure)));
+        if (arguments_.quiet)
+            out_ << "Wrote /etc/hosts (" << size << " bytes); the old one is backed up."
+                 << Qt::endl;
+        return changed();
     }
 
     // The status of a call that changed the file, or would in a dry run.
@@ -216,17 +242,13 @@ private:
             loop.exec();
         if (store_.hasError())
             return fail(forTerminal(store_.lastErrorText()));
-        if (!written) {
-            err_ << "pinecovectl: Cancelled; nothing was written." << Qt::endl;
-            return CtlStatus::refused;
-        }
-        if (arguments_.quiet)
-            out_ << "Wrote /etc/hosts (" << text.size() << " bytes); the old one is backed up."
-                 << Qt::endl;
-        return changed();
+        return finish(written ? std::nullopt
+                              : std::optional<std::string>(PrivilegedWriter::cancelMarker),
+                      text.size());
     }
 
     const CtlArguments& arguments_;
+    const HostsStore::Environment environment_;
     QString hostsPath_;
     std::function<QString()> backups_;
     HostsStore store_;
