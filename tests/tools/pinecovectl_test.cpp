@@ -123,10 +123,11 @@ private slots:
             "#10.0.0.5 staging.test # off for now=>10.0.0.5 staging.test # off for now|"
             "127.0.0.1 Api.test=># 127.0.0.1 Api.test|+10.0.0.5\tnew.test api.test");
         // Batches: one write, one backup, one blank line; all or nothing.
-        row("batch", "batch FILE", 0, "",
-            apiOff + "|" + webMoved + "|+10.0.0.7\tone.test|+10.0.0.7\ttwo.test",
+        row("batch of five", "batch FILE", 0, "",
+            apiOff + "|" + webMoved + "|#10.0.0.5 staging.test # off for now=>10.0.0.5 " +
+                "staging.test # off for now|+10.0.0.7\tone.test|+10.0.0.7\ttwo.test",
             "batch:add 10.0.0.7 one.test\n# set up\n\r\nset 10.0.0.7 two.test\r\n"
-            "  remove\tweb.test\noff api.test --address 127.0.0.1\n");
+            "  remove\tweb.test\noff api.test --address 127.0.0.1\non staging.test");
         row("batch bad operand", "batch FILE", 2, "line 2 of the batch: \"999.1.1.1\"", "",
             "batch:add a.test\nadd 999.1.1.1 b.test\n");
         row("batch refusal", "batch FILE", 1, "line 2 of the batch: web.test shares", "",
