@@ -29,8 +29,10 @@ PanelWindow::PanelWindow(HostsStore& store, Style style)
             hide();
     });
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Pinecove/qml/PanelView.qml")));
-    if (rootObject())
+    if (rootObject()) {
         connect(rootObject(), &QQuickItem::heightChanged, this, &PanelWindow::fixSizeToPanel);
+        connect(rootObject(), &QQuickItem::heightChanged, this, &PanelWindow::keepEdge);
+    }
     applyStyle();
 }
 
@@ -56,7 +58,7 @@ void PanelWindow::fixSizeToPanel() {
 }
 
 bool PanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Close && style_ == Style::Window && closeQuits_)
+    if (event->type() == QEvent::Close && !hidesToTray())
         QCoreApplication::quit();
     return QQuickView::event(event);
 }
@@ -71,13 +73,25 @@ void PanelWindow::placeUnder(const QRect& anchor) {
     // Centred under the item, kept on the screen; above it when the tray sits at the bottom.
     int x = (anchor.isValid() ? anchor.center().x() : point.x()) - size.width() / 2;
     int y = point.y() + 4;
-    if (y + size.height() > available.bottom())
-        y = (anchor.isValid() ? anchor.top() : point.y()) - size.height() - 4;
+    // A tray at the bottom: the panel opens above it, and grows upward from there.
+    growsUp_ = y + size.height() > available.bottom();
+    if (growsUp_) {
+        bottomEdge_ = (anchor.isValid() ? anchor.top() : point.y()) - 4;
+        y = bottomEdge_ - size.height();
+    }
     x = std::clamp(x, available.left() + 4,
                    std::max(available.left() + 4, available.right() - size.width() - 4));
     y = std::clamp(y, available.top() + 4,
                    std::max(available.top() + 4, available.bottom() - size.height() - 4));
     setPosition(x, y);
+}
+
+void PanelWindow::keepEdge() {
+    // The apply bar or the preview appearing must not push the panel over the tray icon, nor
+    // move the rows under the pointer's feet more than needed.
+    if (style_ != Style::Popover || !growsUp_ || !rootObject() || !isVisible())
+        return;
+    setY(bottomEdge_ - qRound(rootObject()->height()));
 }
 
 void PanelWindow::present(const QRect& anchor) {
@@ -90,15 +104,20 @@ void PanelWindow::present(const QRect& anchor) {
     requestActivate();
 }
 
+bool PanelWindow::hidesToTray() const {
+    // A popover always; a window while a tray icon can bring it back (Wayland's floating panel).
+    return style_ == Style::Popover || !closeQuits_;
+}
+
 void PanelWindow::toggleAt(const QRect& anchor) {
-    if (isVisible() && style_ == Style::Popover)
+    if (isVisible() && hidesToTray())
         hide();
     else
         present(anchor);
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && style_ == Style::Popover) {
+    if (event->key() == Qt::Key_Escape && hidesToTray()) {
         hide();
         return;
     }

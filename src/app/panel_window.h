@@ -37,7 +37,13 @@ private:
     // Flags, colour and size of the style.
     void applyStyle();
     void fixSizeToPanel();
+    // A popover that opened above a bottom tray keeps its bottom edge as its height changes.
+    void keepEdge();
+    // Whether closing, Escape and a second tray click hide the panel rather than end Pinecove.
+    bool hidesToTray() const;
 
     Style style_;
     bool closeQuits_ = true;
+    bool growsUp_ = false;
+    int bottomEdge_ = 0;
 };

@@ -96,7 +96,8 @@ if [[ $mode == late-tray* ]]; then
     fi
 fi
 if [ "$mode" = tray ]; then
-    trayer --edge top --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
+    # At the bottom edge, where the panel must open above the icon and grow upward.
+    trayer --edge bottom --align right --widthtype pixel --width 120 --height 24 >/dev/null 2>&1 &
     pids+=($!)
     timeout 10 xdotool search --sync --class trayer >/dev/null || fail "the tray host did not start"
 fi
@@ -231,6 +232,11 @@ add_in_panel
 wait_for taller_than "$clean_height" || fail "no apply bar after Return (height stays $(height))"
 sleep 0.3 # the bar's entrance
 dirty_height=$(height)
+if [ "$mode" = tray ]; then
+    bottom() { eval "$(xdotool getwindowgeometry --shell "$1")"; echo $((Y + HEIGHT)); }
+    icon_top=$(eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"; echo "$Y")
+    [ "$(bottom "$window")" -le "$icon_top" ] || fail "the grown panel covers the tray icon"
+fi
 xdotool key ctrl+Return
 
 wait_for ends_with_new_line || fail "/etc/hosts does not end with the new line:$(printf '\n')$(cat /etc/hosts)"

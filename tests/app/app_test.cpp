@@ -67,24 +67,44 @@ private slots:
         QTRY_COMPARE(shown.count(), 1);
     }
 
-    // Without a tray the window is all of Pinecove: closing it quits. A popover only hides.
-    void closingTheWindowQuitsAndThePopoverHides() {
+    // Without a tray the window is all of Pinecove: closing it quits. A popover only hides, and
+    // so does a window while a tray icon can bring it back (Wayland's floating panel); Escape
+    // and a second tray click hide those two as well.
+    void closingQuitsOnlyWithoutATray_data() {
+        QTest::addColumn<PanelWindow::Style>("style");
+        QTest::addColumn<bool>("trayIcon");
+        QTest::addColumn<bool>("quits");
+        QTest::newRow("window, no tray") << PanelWindow::Style::Window << false << true;
+        QTest::newRow("popover") << PanelWindow::Style::Popover << true << false;
+        QTest::newRow("window with a tray") << PanelWindow::Style::Window << true << false;
+    }
+    void closingQuitsOnlyWithoutATray() {
+        QFETCH(PanelWindow::Style, style);
+        QFETCH(bool, trayIcon);
+        QFETCH(bool, quits);
         usePanelRenderer();
-        for (const bool window : {false, true}) {
-            HostsFixture hosts("127.0.0.1 myapp.test\n");
-            const auto store = hosts.store();
-            PanelWindow panel(*store,
-                              window ? PanelWindow::Style::Window : PanelWindow::Style::Popover);
-            panel.present();
-            QVERIFY(QTest::qWaitForWindowExposed(&panel));
-            if (window) // a fixed size, which tiling compositors float rather than tile
-                QCOMPARE(panel.minimumSize(), panel.maximumSize());
-            QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
-            // Tied to this panel, so that it cannot end a later test's event loop.
-            QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
-            QCOMPARE(QCoreApplication::exec(), window ? 0 : 2);
+        HostsFixture hosts("127.0.0.1 myapp.test\n");
+        const auto store = hosts.store();
+        PanelWindow panel(*store, style);
+        panel.setCloseQuits(!trayIcon);
+        panel.present();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        if (style == PanelWindow::Style::Window) // a fixed size, which tiling compositors float
+            QCOMPARE(panel.minimumSize(), panel.maximumSize());
+        if (!quits) {
+            QTest::keyClick(&panel, Qt::Key_Escape);
             QVERIFY(!panel.isVisible());
+            panel.toggleAt({});
+            QVERIFY(panel.isVisible());
+            panel.toggleAt({});
+            QVERIFY(!panel.isVisible());
+            panel.present();
         }
+        QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
+        // Tied to this panel, so that it cannot end a later test's event loop.
+        QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
+        QCOMPARE(QCoreApplication::exec(), quits ? 0 : 2);
+        QVERIFY(!panel.isVisible());
     }
 
     // The nodes and the dot read at 3:1 or better, measured on the pixels as the panel shows

@@ -3,7 +3,8 @@
 """Reads the running Pinecove through AT-SPI, as a screen reader does, and drives it.
 
 Checks each row's name, its "on"/"off" state as checked, its hint and its "Remove" action; the
-subtitle and "Unsaved changes" as text; and presses a row, Discard and Apply through AT-SPI.
+subtitle and "Unsaved changes" as text; and presses a row, a menu item, Discard and Apply through
+AT-SPI.
 Prints one line per failure and exits 1 if there was any.
 """
 import sys
@@ -82,6 +83,19 @@ press(row)
 check(named("Unsaved changes") is not None, "'Unsaved changes' is not exposed after a toggle")
 row = named("api.test, 127.0.0.1")
 check(row is not None and not checked(row), "the row still reads checked after its press")
+# A menu item pressed through AT-SPI: Refresh reloads the file, bringing the row back on.
+more = named("More actions")
+check(more is not None, "no 'More actions' button")
+if more is not None:
+    press(more)
+    refresh = find(lambda n: n.getRole() == pyatspi.ROLE_MENU_ITEM and n.name.startswith("Refresh"))
+    check(refresh is not None, "no Refresh item in the menu")
+    if refresh is not None:
+        press(refresh)
+        row = find(lambda n: n.name == "api.test, 127.0.0.1" and checked(n))
+        check(row is not None, "Refresh through AT-SPI did not reload the file")
+if row is not None:
+    press(row)
 discard = named("Discard")
 check(discard is not None, "no Discard button")
 if discard is not None:

@@ -136,7 +136,10 @@ Rectangle {
             implicitHeight: implicitContentHeight + topPadding + bottomPadding
             focusPolicy: Qt.TabFocus
             Accessible.name: Store.isApplying ? "Applying changes" : "Apply changes"
-            Accessible.onPressAction: clicked()
+            Accessible.onPressAction: {
+                if (enabled) // a screen reader's press is no way round a disabled button
+                    clicked();
+            }
             onClicked: Store.apply()
             ToolTip.visible: hovered
             ToolTip.text: Theme.applyTooltip

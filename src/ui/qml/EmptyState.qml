@@ -20,6 +20,8 @@ ColumnLayout {
 
     Text {
         text: "No custom entries yet"
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         color: Theme.secondary
         font.pixelSize: Theme.calloutSize
         Layout.alignment: Qt.AlignHCenter
@@ -27,6 +29,8 @@ ColumnLayout {
 
     Text {
         text: "Type a hostname below, like myapp.test, then press return."
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         color: Theme.secondary
         font.pixelSize: Theme.captionSize
         wrapMode: Text.WordWrap

@@ -12,6 +12,8 @@ MenuItem {
     property string hint: ""
     property bool destructive: false
 
+    // Screen readers press menu items too; Qt 6.4 gives them no press of their own.
+    Accessible.onPressAction: item.triggered()
     font.pixelSize: Theme.calloutSize
     implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + 24)
 
