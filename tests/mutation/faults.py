@@ -108,7 +108,7 @@ FAULTS = [
     ("ctl-acts-on-shared-line", "tools/pinecovectl/edits.cpp",
      "if (listsOnly(entry, name))", "if (true)"),
     ("ctl-address-like-name-accepted", "tools/pinecovectl/operands.cpp",
-     "    if (looksLikeAddress(operand))\n", "    if (false)\n"),
+     "if (looksLikeAddress(operand))", "if (looksLikeAddress(operand) && operand.isEmpty())"),
     ("name-removal-drops-rest-of-line", "src/model/hosts_edits.cpp",
      "    text += raw.substr(previousEnd);\n", ""),
     ("backup-name-reused-in-same-second", "src/store/backups.cpp",
