@@ -7,6 +7,7 @@
 #include "edits.h"
 #include "raw_write.h"
 #include "unified_diff.h"
+#include "user_lock.h"
 #include "utf8.h"
 
 #include <QCoreApplication>
@@ -17,6 +18,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <optional>
 #include <unordered_map>
 
 using namespace pinecove;
@@ -274,5 +276,12 @@ int runPinecovectl(const QStringList& words, HostsStore::Environment environment
         out << "pinecovectl " << PINECOVE_VERSION << Qt::endl;
         return CtlStatus::done;
     }
+    std::optional<UserLock> lock;
+    const bool writes = isEditCommand(arguments->command) ||
+                        arguments->command == QLatin1String("batch") ||
+                        arguments->command == QLatin1String("restore");
+    if (writes && !arguments->dryRun)
+        lock.emplace(environment.backupsFolder ? environment.backupsFolder()
+                                               : Backups::defaultFolder());
     return Ctl(*arguments, std::move(environment), out, err).run();
 }
