@@ -20,5 +20,12 @@ bool deleteEntry(HostsDocument& document, Uuid id);
 // last line; no entry when every name is taken.
 std::optional<Uuid> addEntry(HostsDocument& document, const std::string& ip,
                              const std::vector<std::string>& hostnames);
+// Appends an enabled entry holding all the names, taken or not, as the new last line.
+Uuid appendEntry(HostsDocument& document, const std::string& ip,
+                 const std::vector<std::string>& hostnames);
+// Takes every occurrence of `name` (ignoring case) out of the entry's names. The line keeps its
+// other names, the separators before them, its address, comment, state and place; only the
+// entry's id changes. With no name left the entry is deleted. False when nothing changed.
+bool removeHostname(HostsDocument& document, Uuid id, std::string_view name);
 
 } // namespace pinecove

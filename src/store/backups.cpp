@@ -24,15 +24,26 @@ std::optional<QString> backUp(const QString& source, const QString& folder, cons
     if (!QDir().mkpath(folder))
         return QStringLiteral("Could not create the backups folder %1.").arg(folder);
 
-    const QString destination = folder + QLatin1Char('/') + fileName(when);
-    if (QFile::exists(destination))
-        return QStringLiteral("Could not back up the hosts file: %1 already exists.")
-            .arg(destination);
-    QFile file(source);
-    if (!file.copy(destination))
-        return QStringLiteral("Could not back up the hosts file: %1.").arg(file.errorString());
-    prune(folder);
-    return std::nullopt;
+    // Writers in the same second (two scripts, a script and the panel) each keep their backup:
+    // a copy never overwrites, so a name another took first, even between the check and the
+    // copy, is followed by "_02", "_03"…, which sort after it.
+    const QString dated = folder + QLatin1Char('/') + fileName(when);
+    for (int attempt = 1; attempt <= maxSameSecond; ++attempt) {
+        const QString destination =
+            attempt == 1 ? dated
+                         : dated + QStringLiteral("_%1").arg(attempt, 2, 10, QLatin1Char('0'));
+        if (QFile::exists(destination))
+            continue;
+        QFile file(source);
+        if (file.copy(destination)) {
+            prune(folder);
+            return std::nullopt;
+        }
+        if (!QFile::exists(destination))
+            return QStringLiteral("Could not back up the hosts file: %1.").arg(file.errorString());
+    }
+    return QStringLiteral("Could not back up the hosts file: %1 backups in one second already.")
+        .arg(maxSameSecond);
 }
 
 QStringList names(const QString& folder) {

@@ -10,6 +10,7 @@
 namespace Backups {
 
 inline constexpr int kept = 20;
+inline constexpr int maxSameSecond = 99;
 inline const QString namePrefix = QStringLiteral("hosts_");
 
 // The user's application-support folder (~/Library/Application Support on macOS,
@@ -20,8 +21,9 @@ QString defaultFolder();
 // "hosts_" and the local date and time as yyyy-MM-dd_HH.mm.ss.
 QString fileName(const QDateTime& when);
 
-// Copies `source` into `folder` (made if missing) under the dated name, never overwriting, then
-// prunes. Returns the error's description, or nothing on success.
+// Copies `source` into `folder` (made if missing) under the dated name, never overwriting (a
+// name already taken gets "_02" to "_99" after it), then prunes. Returns the error's description,
+// or nothing on success.
 std::optional<QString> backUp(const QString& source, const QString& folder, const QDateTime& when);
 
 // The backups in `folder`, newest first: the files whose names begin with "hosts_" (case counts).

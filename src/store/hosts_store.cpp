@@ -102,6 +102,23 @@ bool HostsStore::add(const std::string& ip, const std::vector<std::string>& host
     return true;
 }
 
+bool HostsStore::removeName(Uuid id, const std::string& name) {
+    if (!removeHostname(document_, id, name))
+        return false;
+    customOrder_.rebuild(document_);
+    emit customEntriesReset();
+    announceDirty();
+    return true;
+}
+
+void HostsStore::append(const std::string& ip, const std::vector<std::string>& hostnames) {
+    appendEntry(document_, ip, hostnames);
+    customOrder_.rebuild(document_);
+    emit customEntriesReset();
+    emit systemEntriesReset();
+    announceDirty();
+}
+
 std::vector<HostEntry> HostsStore::systemEntries() const {
     // The entry lines stand in file order, then additions, and each knows where its entry sits,
     // so this reads the table front to back without hashing.

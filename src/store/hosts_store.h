@@ -49,6 +49,8 @@ public:
     bool hasError() const { return lastError_.has_value(); }
     // The file's text as last loaded: what an apply replaces.
     const std::string& loadedText() const { return *loadedDiskText_; }
+    // The lines and entries as edited, for pinecovectl's line numbers.
+    const pinecove::HostsDocument& document() const { return document_; }
 
     // Derived, computed on each call.
     std::string serialized() const { return pinecove::serialized(document_); }
@@ -65,6 +67,10 @@ public:
     void toggle(const pinecove::Uuid& id);
     void remove(pinecove::Uuid id); // a copy, as the entry it names goes away
     bool add(const std::string& ip, const std::vector<std::string>& hostnames);
+    // pinecovectl's finer edits: one name out of a line (see removeHostname), and a new line
+    // whatever names other lines hold. The custom list is reset rather than edited row by row.
+    bool removeName(pinecove::Uuid id, const std::string& name);
+    void append(const std::string& ip, const std::vector<std::string>& hostnames);
     // Checks for outside changes, backs up, writes and reloads; reports only through
     // isApplying and lastError. Returns at once; applyFinished() follows when the write ends.
     void apply();

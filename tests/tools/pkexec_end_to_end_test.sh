@@ -70,7 +70,7 @@ cp /etc/hosts "$work/before"
 status=0
 as_user remove myapp.test --quiet >"$work/out" 2>&1 || status=$?
 [ "$status" -eq 1 ] || fail "refused remove: status $status"
-[ "$(cat "$work/out")" = "Not authorized to update the hosts file." ] ||
+[ "$(cat "$work/out")" = "$(printf 'pinecovectl: Not authorized to update the hosts file.\nNothing was written.')" ] ||
     fail "refused remove said: $(cat "$work/out")"
 cmp -s /etc/hosts "$work/before" || fail "a refused remove changed /etc/hosts"
 
@@ -81,7 +81,7 @@ no_agent_said() {
     status=0
     setsid --wait bash -c "$(declare -f as_user); ctl=$ctl work=$work as_user remove myapp.test --quiet" \
         </dev/null >"$work/out" 2>&1 || status=$?
-    grep -q '^No password prompt could be shown: no polkit authentication agent is running' "$work/out"
+    grep -q '^pinecovectl: No password prompt could be shown: no polkit authentication agent is running' "$work/out"
 }
 for _ in $(seq 50); do no_agent_said && break; sleep 0.2; done # until polkitd rereads its rules
 [ "$status" -eq 1 ] || fail "remove with no agent: status $status"

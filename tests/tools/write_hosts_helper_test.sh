@@ -30,6 +30,7 @@ write() {
 }
 
 printf '127.0.0.1 localhost\n' >/etc/hosts
+: >/etc/hosts.pinecove.Kil1ed # a killed helper's temporary file: the next one removes it
 printf '127.0.0.1 localhost\n# $(touch %s/pwned) `id` \\\n\r\n10.0.0.1\tnul\0.test\n' "$work" >"$work/hostile"
 write "hostile bytes, NUL and CR" 0 "$work/hostile"
 [ ! -e "$work/pwned" ] || fail "the text ran as a command"

@@ -6,8 +6,10 @@
 
 #include <cerrno>
 #include <cstring>
+#include <dirent.h>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,6 +28,37 @@ std::optional<std::string> readFile(const std::string& path) {
     return text;
 }
 
+// Closed, and so unlocked, on every way out.
+struct Descriptor {
+    explicit Descriptor(int descriptor)
+        : fd(descriptor) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (fd >= 0)
+            ::close(fd);
+    }
+    const int fd;
+};
+
+constexpr std::string_view temporaryPrefix = "hosts.pinecove.";
+constexpr std::size_t temporaryRandomLength = 6; // mkostemp's XXXXXX
+
+// Temporary files of helpers that were killed mid-write. Called under the lock, so no helper is
+// writing one; only names exactly of the form the helper makes are touched.
+void removeLeftovers(const std::string& etc) {
+    DIR* folder = ::opendir(etc.c_str());
+    if (!folder)
+        return;
+    while (const dirent* entry = ::readdir(folder)) {
+        const std::string_view name = entry->d_name;
+        if (name.size() == temporaryPrefix.size() + temporaryRandomLength &&
+            name.starts_with(temporaryPrefix))
+            ::unlinkat(::dirfd(folder), entry->d_name, 0);
+    }
+    ::closedir(folder);
+}
+
 HelperRefusal writeFailure(const char* step) {
     const int error = errno; // before any allocation below can change it
     return {HelperStatus::writeFailed, std::string("Could not write the hosts file (") + step +
@@ -36,13 +69,30 @@ HelperRefusal writeFailure(const char* step) {
 
 std::optional<HelperRefusal> replaceHostsFile(const std::string& etc,
                                               const HelperRequest& request) {
+    // Held from the check to the rename, so two helpers never both find the text they expect
+    // and then replace each other's change. Its own file, never replaced (a lock on /etc/hosts
+    // would stay on the file a rename just replaced), opened by root alone (no user can hold
+    // it); released on every return, and by the kernel if the helper dies.
+    const std::string lockPath = etc + "/" + std::string(lockFileName);
+    const Descriptor lock{
+        ::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600)};
+    if (lock.fd < 0)
+        return writeFailure("lock");
+    int locked = 0;
+    do
+        locked = ::flock(lock.fd, LOCK_EX);
+    while (locked != 0 && errno == EINTR);
+    if (locked != 0)
+        return writeFailure("lock");
+    removeLeftovers(etc);
+
     const std::string hosts = etc + "/hosts";
     const auto current = readFile(hosts);
     if (!current || *current != request.expected)
         return HelperRefusal{HelperStatus::changedOnDisk,
                              std::string(PrivilegedWriter::conflictMessage)};
 
-    std::string temporary = etc + "/hosts.pinecove.XXXXXX";
+    std::string temporary = etc + "/" + std::string(temporaryPrefix) + "XXXXXX";
     const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
     if (fd < 0)
         return writeFailure("create");

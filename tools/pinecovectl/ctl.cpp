@@ -2,11 +2,15 @@
 #include "ctl.h"
 
 #include "backups.h"
+#include "batch.h"
 #include "ctl_arguments.h"
-#include "typed_input.h"
+#include "edits.h"
+#include "raw_write.h"
 #include "unified_diff.h"
+#include "user_lock.h"
 #include "utf8.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -14,16 +18,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QThread>
-#include <unordered_set>
+#include <optional>
+#include <unordered_map>
 
 using namespace pinecove;
 
 namespace {
-
-constexpr int done = 0;
-constexpr int refused = 1;
-constexpr int badUsage = 2;
 
 QString text(std::string_view bytes) {
     return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -43,11 +43,26 @@ std::optional<std::string> readBytes(const QString& path) {
     return file.readAll().toStdString();
 }
 
+// The store's messages speak of the panel; these speak to a terminal.
+QString forTerminal(const QString& message) {
+    if (message == HostsStore::conflictMessage)
+        return QStringLiteral("/etc/hosts changed while pinecovectl was working, so it was left "
+                              "as the other program wrote it. Run the command again.");
+    if (message == QString::fromUtf8(PrivilegedWriter::tooLargeMessage.data()))
+        return QStringLiteral("The new /etc/hosts is too large to write.");
+    QString said = message;
+    if (said.endsWith(QLatin1String("apply again.")))
+        said.replace(said.size() - 12, 12, QStringLiteral("run the command again."));
+    return said;
+}
+
 class Ctl {
 public:
     Ctl(const CtlArguments& arguments, HostsStore::Environment environment, QTextStream& out,
         QTextStream& err)
         : arguments_(arguments)
+        , environment_(environment)
+        , hostsPath_(environment.hostsPath)
         , backups_(environment.backupsFolder ? environment.backupsFolder : Backups::defaultFolder)
         , store_(std::move(environment))
         , out_(out)
@@ -57,21 +72,43 @@ public:
         const QString& command = arguments_.command;
         if (command == QLatin1String("backups"))
             return listBackups();
-        if (store_.hasError())
-            return fail(store_.lastErrorText());
-        if (command == QLatin1String("list"))
-            return list();
-        if (command == QLatin1String("add"))
-            return add();
         if (command == QLatin1String("restore"))
             return restore();
-        return switchOrRemove();
+        if (store_.hasError())
+            return fail(readProblem());
+        if (command == QLatin1String("list"))
+            return list();
+        QString error;
+        const int status = command == QLatin1String("batch")
+                               ? applyBatch(store_, arguments_.operands.front(), error)
+                               : applyEdit(store_, arguments_, error);
+        if (status != CtlStatus::done)
+            return fail(error, status);
+        if (!store_.isDirty()) {
+            out_ << "Nothing to do: /etc/hosts already says so." << Qt::endl;
+            return CtlStatus::done;
+        }
+        return write(store_.serialized(), false);
     }
 
 private:
-    int fail(const QString& message) {
-        err_ << message << Qt::endl;
-        return refused;
+    int fail(const QString& message, int status = CtlStatus::refused) {
+        err_ << "pinecovectl: " << message << "\nNothing was written." << Qt::endl;
+        return status;
+    }
+
+    // Why the store could not load the file, in words a terminal user can act on.
+    QString readProblem() const {
+        QFile file(hostsPath_);
+        if (!file.open(QIODevice::ReadOnly))
+            return QStringLiteral("Could not read %1: %2.").arg(hostsPath_, file.errorString());
+        const QByteArray bytes = file.readAll();
+        if (!isValidUtf8(
+                std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size()))))
+            return QStringLiteral("%1 is not UTF-8 text, and Pinecove edits only UTF-8. "
+                                  "'pinecovectl restore' can put a backup back.")
+                .arg(hostsPath_);
+        return store_.lastErrorText();
     }
 
     int list() {
@@ -79,99 +116,60 @@ private:
         if (arguments_.all)
             for (HostEntry& entry : store_.systemEntries())
                 entries.push_back(std::move(entry));
+        std::unordered_map<Uuid, int> lineOf;
+        const std::vector<Line>& lines = store_.document().lines;
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            if (lines[i].isEntry())
+                lineOf.emplace(lines[i].entryId(), static_cast<int>(i + 1));
         if (arguments_.json) {
             // One object at a time, so a 200,000-entry block list never sits in memory twice.
             out_ << '[';
             for (std::size_t i = 0; i < entries.size(); ++i) {
                 const HostEntry& entry = entries[i];
+                const auto comment = entry.comment();
                 const QJsonObject object{
                     {QStringLiteral("enabled"), entry.isEnabled()},
                     {QStringLiteral("ip"), text(entry.ip())},
                     {QStringLiteral("hostnames"), QJsonArray::fromStringList(namesOf(entry))},
-                    {QStringLiteral("system"), entry.isSystem()}};
+                    {QStringLiteral("system"), entry.isSystem()},
+                    {QStringLiteral("line"), lineOf[entry.id()]},
+                    {QStringLiteral("comment"),
+                     comment ? QJsonValue(text(*comment)) : QJsonValue()}};
                 out_ << (i ? "," : "") << QJsonDocument(object).toJson(QJsonDocument::Compact);
             }
             out_ << ']' << Qt::endl;
-            return done;
+            return CtlStatus::done;
         }
         qsizetype width = 0;
         for (const HostEntry& entry : entries)
             width = std::max(width, static_cast<qsizetype>(entry.ip().size()));
+        const auto numberWidth = QString::number(lines.size()).size();
         for (const HostEntry& entry : entries) {
-            out_ << (entry.isEnabled() ? "on   " : "off  ")
+            const auto comment = entry.comment();
+            out_ << QString::number(lineOf[entry.id()]).rightJustified(numberWidth) << "  "
+                 << (entry.isEnabled() ? "on   " : "off  ")
                  << text(entry.ip()).leftJustified(width + 2)
                  << namesOf(entry).join(QLatin1Char(' '))
+                 << (comment && !comment->empty() ? "  # " + text(*comment) : QString())
                  << (entry.isSystem() ? "  (system, locked)" : "") << Qt::endl;
         }
-        return done;
-    }
-
-    int add() {
-        const QString text = arguments_.operands.join(QLatin1Char(' '));
-        const auto parsed = parseTypedInput(text.toStdString());
-        if (!parsed)
-            return fail(QStringLiteral("'%1' is not a mapping: give an optional IPv4 or IPv6 "
-                                       "address and one or more hostnames (letters, digits, "
-                                       "hyphens, dots).")
-                            .arg(text));
-        if (!store_.add(parsed->ip, parsed->hosts)) {
-            out_ << "Nothing to do: every name is already in the hosts file." << Qt::endl;
-            return done;
-        }
-        return write(store_.serialized(), false);
-    }
-
-    int switchOrRemove() {
-        const QString& command = arguments_.command;
-        std::unordered_set<Uuid> chosen;
-        std::vector<HostEntry> all = store_.customEntries();
-        const std::vector<HostEntry> system = store_.systemEntries();
-        for (const QString& name : arguments_.operands) {
-            const auto lists = [&](const HostEntry& entry) {
-                return namesOf(entry).contains(name, Qt::CaseInsensitive);
-            };
-            bool found = false;
-            for (const HostEntry& entry : all)
-                if (lists(entry)) {
-                    chosen.insert(entry.id());
-                    found = true;
-                }
-            if (found)
-                continue;
-            if (std::any_of(system.begin(), system.end(), lists))
-                return fail(QStringLiteral("%1 is one of the system's own entries, which "
-                                           "Pinecove leaves alone.")
-                                .arg(name));
-            return fail(QStringLiteral("No entry has the name %1.").arg(name));
-        }
-        for (const HostEntry& entry : all) {
-            if (!chosen.contains(entry.id()))
-                continue;
-            if (command == QLatin1String("remove"))
-                store_.remove(entry.id());
-            else if (entry.isEnabled() != (command == QLatin1String("on")))
-                store_.toggle(entry.id());
-        }
-        if (!store_.isDirty()) {
-            out_ << "Nothing to do: those entries are already " << command << '.' << Qt::endl;
-            return done;
-        }
-        return write(store_.serialized(), false);
+        return CtlStatus::done;
     }
 
     int listBackups() {
         const QDir folder(backups_());
         for (const QString& name : Backups::names(backups_()))
             out_ << name << "  " << QFileInfo(folder.filePath(name)).size() << " bytes" << Qt::endl;
-        return done;
+        return CtlStatus::done;
     }
 
     int restore() {
         const QStringList names = Backups::names(backups_());
         QString path;
         if (!arguments_.operands.isEmpty()) {
+            // A path has a slash ("./hosts.old"); a bare name is always a backup's.
             const QString given = arguments_.operands.front();
-            path = QFileInfo::exists(given) ? given : QDir(backups_()).filePath(given);
+            path = given.contains(QLatin1Char('/')) ? given : QDir(backups_()).filePath(given);
         } else if (!names.isEmpty()) {
             path = QDir(backups_()).filePath(names.front());
         } else {
@@ -180,23 +178,58 @@ private:
         const auto bytes = readBytes(path);
         if (!bytes)
             return fail(QStringLiteral("Could not read the backup %1.").arg(path));
-        if (!isValidUtf8(*bytes))
-            return fail(QStringLiteral("The backup %1 is not UTF-8; Pinecove will not write it.")
+        if (!isValidUtf8(*bytes) || bytes->find('\0') != std::string::npos)
+            return fail(QStringLiteral("%1 is not UTF-8 text without NUL bytes; Pinecove will not "
+                                       "write it to /etc/hosts.")
                             .arg(path));
-        return write(*bytes, true);
+        if (!store_.hasError())
+            return write(*bytes, true);
+        // A file the store cannot load (not UTF-8) is replaced as it stands.
+        const auto current = readBytes(hostsPath_);
+        if (!current || isValidUtf8(*current))
+            return fail(readProblem());
+        if (arguments_.dryRun || !arguments_.quiet)
+            out_ << unifiedDiff(*current, *bytes);
+        if (arguments_.dryRun)
+            return changed();
+        return finish(replaceUnloadable(*bytes, *current, environment_), bytes->size());
     }
 
-    // Shows the difference, then (unless a dry run) writes through the store's apply flow.
-    int write(const std::string& text, bool wholeText) {
-        const QString diff = unifiedDiff(store_.loadedText(), text);
-        if (diff.isEmpty()) {
-            out_ << "Nothing to do: /etc/hosts already holds that text." << Qt::endl;
-            return done;
+    // The outcome of a write that got under way: `failure` as the runner said it, if any.
+    int finish(const std::optional<std::string>& failure, std::size_t size) {
+        if (failure && failure->find(PrivilegedWriter::cancelMarker) != std::string::npos) {
+            err_ << "pinecovectl: Cancelled; nothing was written." << Qt::endl;
+            return CtlStatus::refused;
         }
+        if (failure)
+            return fail(forTerminal(QString::fromStdString(*failure)));
+        if (arguments_.quiet)
+            out_ << "Wrote /etc/hosts (" << size << " bytes); the old one is backed up."
+                 << Qt::endl;
+        return changed();
+    }
+
+    // The status of a call that changed the file, or would in a dry run.
+    int changed() const { return arguments_.changedExit.value_or(CtlStatus::done); }
+
+    // Shows the difference, then (unless a dry run) writes through the store's apply flow. A dry
+    // run makes every check the write makes before the prompt, and returns what it would.
+    int write(const std::string& text, bool wholeText) {
+        if (text == store_.loadedText()) {
+            out_ << "Nothing to do: /etc/hosts already holds that text." << Qt::endl;
+            return CtlStatus::done;
+        }
+        if (PrivilegedWriter::isTooLarge(text))
+            return fail(QStringLiteral("The new /etc/hosts would be %1 bytes; Pinecove writes at "
+                                       "most %2.")
+                            .arg(text.size())
+                            .arg(PrivilegedWriter::maxTextBytes));
+        if (arguments_.dryRun && readBytes(hostsPath_) != store_.loadedText())
+            return fail(forTerminal(HostsStore::conflictMessage));
         if (arguments_.dryRun || !arguments_.quiet)
-            out_ << diff;
+            out_ << unifiedDiff(store_.loadedText(), text);
         if (arguments_.dryRun)
-            return done;
+            return changed();
         QEventLoop loop;
         bool written = false;
         QObject::connect(&store_, &HostsStore::applyFinished, &loop, [&](bool wrote) {
@@ -210,16 +243,15 @@ private:
         if (store_.isApplying())
             loop.exec();
         if (store_.hasError())
-            return fail(store_.lastErrorText());
-        if (!written)
-            return fail(QStringLiteral("Cancelled."));
-        if (arguments_.quiet)
-            out_ << "Wrote /etc/hosts (" << text.size() << " bytes); the old one is backed up."
-                 << Qt::endl;
-        return done;
+            return fail(forTerminal(store_.lastErrorText()));
+        return finish(written ? std::nullopt
+                              : std::optional<std::string>(PrivilegedWriter::cancelMarker),
+                      text.size());
     }
 
     const CtlArguments& arguments_;
+    const HostsStore::Environment environment_;
+    QString hostsPath_;
     std::function<QString()> backups_;
     HostsStore store_;
     QTextStream& out_;
@@ -228,32 +260,28 @@ private:
 
 } // namespace
 
-std::function<QDateTime()> backupClock(std::function<QString()> folder) {
-    return [folder = std::move(folder)] {
-        QDateTime now = QDateTime::currentDateTime();
-        while (QFile::exists(QDir(folder()).filePath(Backups::fileName(now)))) {
-            QThread::msleep(static_cast<unsigned long>(1000 - now.time().msec()));
-            now = QDateTime::currentDateTime();
-        }
-        return now;
-    };
-}
-
 int runPinecovectl(const QStringList& words, HostsStore::Environment environment, QTextStream& out,
                    QTextStream& err) {
     QString error;
     const auto arguments = parseCtlArguments(words, error);
     if (!arguments) {
         err << "pinecovectl: " << error << "\nTry 'pinecovectl --help'." << Qt::endl;
-        return badUsage;
+        return CtlStatus::badUsage;
     }
     if (arguments->help) {
         out << ctlHelp(arguments->command);
-        return done;
+        return CtlStatus::done;
     }
-    if (!environment.backupsFolder)
-        environment.backupsFolder = Backups::defaultFolder;
-    if (!environment.clock)
-        environment.clock = backupClock(environment.backupsFolder);
+    if (arguments->version) {
+        out << "pinecovectl " << PINECOVE_VERSION << Qt::endl;
+        return CtlStatus::done;
+    }
+    std::optional<UserLock> lock;
+    const bool writes = isEditCommand(arguments->command) ||
+                        arguments->command == QLatin1String("batch") ||
+                        arguments->command == QLatin1String("restore");
+    if (writes && !arguments->dryRun)
+        lock.emplace(environment.backupsFolder ? environment.backupsFolder()
+                                               : Backups::defaultFolder());
     return Ctl(*arguments, std::move(environment), out, err).run();
 }
