@@ -122,13 +122,9 @@ if [ "$mode" = sni ]; then
     fi
     sni activate
 fi
-if [ "$mode" = tray ]; then
-    # The item sits in the tray (it shows once Pinecove listens for later starts); a second
-    # start asks the running Pinecove to open its panel.
-    tray_item_shown() { xdotool search --onlyvisible --class pinecove >/dev/null 2>&1; }
-    wait_for tray_item_shown || fail "no tray item appeared"
-    "$app" || fail "the second start did not hand over"
-fi
+# The tray icon's own window, once a tray shows it.
+tray_icon() { xdotool search --onlyvisible --class pinecove 2>/dev/null | while read -r w; do
+    [ "$(xdotool getwindowgeometry --shell "$w" | sed -n 's/^WIDTH=//p')" -lt 100 ] && echo "$w"; done | head -n 1; }
 # The panel, not the tray item (which carries the same name): the window 360 wide.
 panel_window() {
     for candidate in $(xdotool search --onlyvisible --name '^Pinecove$' 2>/dev/null); do
@@ -149,6 +145,20 @@ add_in_panel() {
     xdotool type --delay 40 "myapp.test"
     xdotool key Return
 }
+if [ "$mode" = tray ]; then
+    # The item sits in the tray (it shows once Pinecove listens for later starts); a second
+    # start asks the running Pinecove to open its panel. Closed with Escape, it opens again
+    # from a click on the icon, above it, as the tray is at the bottom.
+    has_icon() { [ -n "$(tray_icon)" ]; }
+    wait_for has_icon || fail "no tray item appeared"
+    "$app" || fail "the second start did not hand over"
+    wait_for window_shown || fail "the second start did not open the panel"
+    xdotool windowfocus --sync "$window" key Escape
+    gone() { [ -z "$(panel_window)" ]; }
+    wait_for gone || fail "Escape did not close the panel"
+    eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"
+    xdotool mousemove $((X + 5)) $((Y + 5)) click 1
+fi
 wait_for window_shown || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
 if [ "$mode" = sni ]; then
     add_in_panel
@@ -172,9 +182,6 @@ drawn() {
     rows=$(convert "$shot" -crop 340x80+10+70 +repage -format %k info:)
     [ "$header" -gt 40 ] && [ "$rows" -gt 40 ]
 }
-# The tray icon's own window, once a tray shows it.
-tray_icon() { xdotool search --onlyvisible --class pinecove 2>/dev/null | while read -r w; do
-    [ "$(xdotool getwindowgeometry --shell "$w" | sed -n 's/^WIDTH=//p')" -lt 100 ] && echo "$w"; done | head -n 1; }
 # $1: what just changed. The panel must be there and drawn, before anything clicks on it.
 expect_drawn() {
     wait_for window_shown || fail "$1: no panel on screen ($(cat "$work/app.log"))"

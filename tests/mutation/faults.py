@@ -110,7 +110,7 @@ FAULTS = [
     ("helper-writable-by-its-group", "src/writer/helper_location.cpp",
      "(S_IWGRP | S_IWOTH)", "(S_IWOTH)"),
     ("helper-folders-not-checked", "src/writer/helper_location.cpp",
-     "if (status.st_uid != 0 || (othersMayWrite(status) && !sticky))", "if (false)"),
+     "if (status.st_uid != 0 || (othersMayWrite(status) && !sticky))", "if (sticky && false)"),
     ("no-agent-without-terminal-read-as-refusal", "src/writer/process_script_runner.cpp",
      'standardError.contains("Error creating textual authentication agent")', "false"),
     # The panel's keyboard and screen-reader paths.
