@@ -88,7 +88,10 @@ std::optional<HelperRefusal> replaceHostsFile(const std::string& etc,
 
     const std::string hosts = etc + "/hosts";
     const auto current = readFile(hosts);
-    if (!current || *current != request.expected)
+    // A missing file holds nothing: restore may put one back where none is, and if someone
+    // creates one meanwhile, it is no longer missing and the texts are compared.
+    const bool missing = !current && errno == ENOENT;
+    if (missing ? !request.expected.empty() : (!current || *current != request.expected))
         return HelperRefusal{HelperStatus::changedOnDisk,
                              std::string(PrivilegedWriter::conflictMessage)};
 

@@ -184,9 +184,10 @@ private:
                             .arg(path));
         if (!store_.hasError())
             return write(*bytes, true);
-        // A file the store cannot load (not UTF-8) is replaced as it stands.
-        const auto current = readBytes(hostsPath_);
-        if (!current || isValidUtf8(*current))
+        // A file the store cannot load (not UTF-8, or missing) is replaced as it stands.
+        const auto current =
+            QFileInfo::exists(hostsPath_) ? readBytes(hostsPath_) : std::optional<std::string>("");
+        if (!current || (isValidUtf8(*current) && QFileInfo::exists(hostsPath_)))
             return fail(readProblem());
         if (arguments_.dryRun || !arguments_.quiet)
             out_ << unifiedDiff(*current, *bytes);

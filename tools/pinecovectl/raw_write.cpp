@@ -5,14 +5,17 @@
 #include "privileged_writer.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
 
 std::optional<std::string> replaceUnloadable(const std::string& text, const std::string& before,
                                              const HostsStore::Environment& environment) {
     const QString folder =
         environment.backupsFolder ? environment.backupsFolder() : Backups::defaultFolder();
     const QDateTime when = environment.clock ? environment.clock() : QDateTime::currentDateTime();
-    if (const auto failure = Backups::backUp(environment.hostsPath, folder, when))
-        return failure->toStdString();
+    // A missing file has nothing to back up.
+    if (QFileInfo::exists(environment.hostsPath))
+        if (const auto failure = Backups::backUp(environment.hostsPath, folder, when))
+            return failure->toStdString();
     const std::shared_ptr<ScriptRunner> runner =
         environment.runner ? environment.runner : platformScriptRunner();
     std::optional<std::string> result;
