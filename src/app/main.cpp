@@ -71,6 +71,12 @@ int main(int argc, char** argv) {
     HostsStore store; // the one store: loads /etc/hosts now
     ColorScheme scheme;
     Panel panel(store, PanelWindow::Style::Window);
+    if (const QString error = panel.loadError(); !error.isEmpty()) {
+        qCritical("Pinecove cannot show its panel: its QML files did not load. Reinstall "
+                  "Pinecove (sudo apt install --reinstall pinecove).\n%s",
+                  qPrintable(error));
+        return 1;
+    }
     TrayFollower tray(store, panel, scheme);
     tray.start();
     QObject::connect(&instance, &SingleInstance::showRequested, &panel,

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "panel.h"
 
+#include <QQmlError>
+#include <QStringList>
+
 namespace {
 
 // Later, not now: the style may change while the old window is still delivering an event.
@@ -20,6 +23,15 @@ void Panel::setStyle(PanelWindow::Style style) {
         return;
     window_.reset(new PanelWindow(store_, style));
     window_->setCloseQuits(closeQuits_);
+}
+
+QString Panel::loadError() const {
+    if (window_->status() != QQuickView::Error)
+        return {};
+    QStringList messages;
+    for (const QQmlError& error : window_->errors())
+        messages << error.toString();
+    return messages.join(QLatin1Char('\n'));
 }
 
 void Panel::setCloseQuits(bool quits) {

@@ -25,6 +25,8 @@ public:
     void present(const QRect& anchor = {}) { window_->present(anchor); }
     void toggleAt(const QRect& anchor) { window_->toggleAt(anchor); }
     void setCloseQuits(bool quits);
+    // Why the panel's QML could not be loaded, or nothing: a broken installation.
+    QString loadError() const;
 
 private:
     HostsStore& store_;

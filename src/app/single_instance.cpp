@@ -44,5 +44,9 @@ void SingleInstance::listen() {
     // A server left behind by a crash would block the name; no instance answered, so it is stale.
     QLocalServer::removeServer(name_);
     server_.setSocketOptions(QLocalServer::UserAccessOption);
-    server_.listen(name_);
+    // Pinecove still works without it; only a second start then opens a second Pinecove.
+    if (!server_.listen(name_))
+        qWarning("Pinecove cannot listen for later starts at %s (%s); starting it again will "
+                 "open a second Pinecove.",
+                 qPrintable(name_), qPrintable(server_.errorString()));
 }

@@ -34,7 +34,6 @@ public:
             return &entries_[hint];
         return find(id);
     }
-    bool contains(const Uuid& id) const { return find(id) != nullptr; }
 
     // Replaces an entry with the same id. Returns the entry's position, a hint for find().
     std::uint32_t insert(HostEntry entry);

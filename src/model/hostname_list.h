@@ -82,9 +82,6 @@ public:
     Iterator begin() const { return Iterator(text_, count_); }
     Iterator end() const { return Iterator(); }
     std::string_view front() const { return *begin(); }
-    std::string_view operator[](std::size_t index) const {
-        return *std::next(begin(), static_cast<std::ptrdiff_t>(index));
-    }
     std::vector<std::string> toVector() const { return {begin(), end()}; }
 
     friend bool operator==(const HostnameList& a, const HostnameList& b) {

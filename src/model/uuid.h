@@ -25,7 +25,6 @@ public:
 
     // Canonical form: 32 upper-case hexadecimal digits grouped 8-4-4-4-12.
     std::string toString() const;
-    const std::array<std::uint8_t, 16>& bytes() const { return bytes_; }
 
     std::size_t hash() const noexcept {
         // The bits are random already, so any eight of them make a good hash.
