@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "panel_window.h"
 
+#include "hosts_store.h"
 #include "panel_engine.h"
 
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
 #include <QPalette>
+#include <QPushButton>
 #include <QQuickItem>
 #include <QScreen>
 #include <algorithm>
@@ -19,7 +22,8 @@ constexpr int unbounded = (1 << 24) - 1; // Qt's largest window size
 } // namespace
 
 PanelWindow::PanelWindow(HostsStore& store, Style style)
-    : style_(style) {
+    : store_(store)
+    , style_(style) {
     setUpPanelEngine(*engine(), store);
     setTitle(QStringLiteral("Pinecove"));
     setResizeMode(QQuickView::SizeViewToRootObject);
@@ -58,9 +62,27 @@ void PanelWindow::fixSizeToPanel() {
 }
 
 bool PanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Close && !hidesToTray())
+    if (event->type() == QEvent::Close && !hidesToTray()) {
+        // Closing ends Pinecove here, and unapplied edits would go with it unasked.
+        if (store_.isDirty() && !confirmDiscard()) {
+            event->ignore();
+            return true;
+        }
         QCoreApplication::quit();
+    }
     return QQuickView::event(event);
+}
+
+bool PanelWindow::confirmDiscard() {
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quit Pinecove?"),
+                    QStringLiteral("Your changes to the hosts file have not been applied. "
+                                   "Quitting discards them."),
+                    QMessageBox::Cancel);
+    const QPushButton* quit =
+        box.addButton(QStringLiteral("Discard and Quit"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == quit;
 }
 
 void PanelWindow::placeUnder(const QRect& anchor) {

@@ -42,6 +42,10 @@ private:
     // Whether closing, Escape and a second tray click hide the panel rather than end Pinecove.
     bool hidesToTray() const;
 
+    // Asks before unapplied edits go with a quit; true to go on.
+    bool confirmDiscard();
+
+    HostsStore& store_;
     Style style_;
     bool closeQuits_ = true;
     bool growsUp_ = false;

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLocalServer>
+#include <QMessageBox>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
@@ -105,6 +106,31 @@ private slots:
         QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
         QCOMPARE(QCoreApplication::exec(), quits ? 0 : 2);
         QVERIFY(!panel.isVisible());
+    }
+
+    // Without a tray, closing with unapplied edits asks first; cancelling keeps Pinecove, its
+    // window and the edits.
+    void closingWithUnappliedEditsAsksFirst() {
+        usePanelRenderer();
+        HostsFixture hosts("127.0.0.1 myapp.test\n");
+        const auto store = hosts.store();
+        QVERIFY(store->add("127.0.0.1", {"new.test"}));
+        PanelWindow panel(*store, PanelWindow::Style::Window);
+        panel.present();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        QString asked;
+        QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
+        QTimer::singleShot(300, &panel, [&asked] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                asked = box->text();
+                box->reject();
+            }
+        });
+        QTimer::singleShot(1000, &panel, [] { QCoreApplication::exit(2); });
+        QCOMPARE(QCoreApplication::exec(), 2);
+        QVERIFY2(asked.contains(QStringLiteral("not been applied")), qPrintable(asked));
+        QVERIFY(panel.isVisible());
+        QVERIFY(store->isDirty());
     }
 
     // The nodes and the dot read at 3:1 or better, measured on the pixels as the panel shows

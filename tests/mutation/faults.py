@@ -104,6 +104,8 @@ FAULTS = [
      "const std::pair state{dirty_, colour};", "const std::pair state{false, colour};"),
     ("tray-glyph-colour-inverted", "src/app/menu_bar_icon.cpp",
      "luminance > 0.179 ? QColor(Qt::black)", "luminance < 0.179 ? QColor(Qt::black)"),
+    ("close-drops-unapplied-edits", "src/app/panel_window.cpp",
+     "if (store_.isDirty() && !confirmDiscard())", "if (false && !confirmDiscard())"),
     ("popover-grows-over-the-tray", "src/app/panel_window.cpp",
      "setY(bottomEdge_ - qRound(rootObject()->height()));", "(void)bottomEdge_;"),
     # The root helper's location and the prompt's failures.
