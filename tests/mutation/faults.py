@@ -79,7 +79,7 @@ FAULTS = [
     ("helper-accepts-trailing-bytes", "tools/pinecove-write-hosts/helper_request.cpp",
      "    return got == 0;", "    return got >= 0;"),
     ("helper-skips-conflict-check", "tools/pinecove-write-hosts/replace_hosts.cpp",
-     "if (!current || *current != request.expected)", "if (!current)"),
+     "(!current || *current != request.expected))", "(!current))"),
     ("helper-file-mode", "tools/pinecove-write-hosts/replace_hosts.cpp",
      "::fchmod(fd, 0644)", "::fchmod(fd, 0600)"),
     ("helper-leaves-temporary-file", "tools/pinecove-write-hosts/replace_hosts.cpp",
