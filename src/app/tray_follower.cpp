@@ -33,12 +33,16 @@ void TrayFollower::start() {
     timer_.start(tray_ && !iconShown_ ? expectingMs : settledMs);
 }
 
+bool TrayFollower::windowShown() const {
+    return panel_.style() == PanelWindow::Style::Window && panel_.isVisible();
+}
+
 void TrayFollower::useWindow() {
     iconShown_ = false;
     panel_.setCloseQuits(true);
-    const bool wasWindow = panel_.style() == PanelWindow::Style::Window && panel_.isVisible();
+    const bool wasShown = windowShown();
     panel_.setStyle(PanelWindow::Style::Window);
-    if (!wasWindow)
+    if (!wasShown)
         panel_.present(); // no icon to click: the window keeps Pinecove usable
 }
 
@@ -72,8 +76,7 @@ void TrayFollower::check() {
         }
     } else if (!shown && iconShown_) {
         useWindow(); // the icon went, with its tray or without
-    } else if (!shown && sinceTrayMade_.elapsed() > iconGraceMs &&
-               !(panel_.style() == PanelWindow::Style::Window && panel_.isVisible())) {
+    } else if (!shown && sinceTrayMade_.elapsed() > iconGraceMs && !windowShown()) {
         useWindow(); // it never appeared
     }
     timer_.setInterval(iconShown_ || sinceTrayMade_.elapsed() > iconGraceMs ? settledMs

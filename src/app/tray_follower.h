@@ -31,6 +31,7 @@ public:
 private:
     void check();
     void useWindow();
+    bool windowShown() const; // the panel is on screen as a window
 
     HostsStore& store_;
     Panel& panel_;

@@ -17,8 +17,8 @@ enum class Kind { None, StatusNotifier, XEmbed };
 
 Kind current();
 
-// Whether the watcher lists an item of this process and a host shows items: only then is the
-// icon really somewhere a user can click it.
+// Whether the watcher lists an item of this process. Asked after current() has found a host
+// that shows items: together they say the icon is somewhere a user can click it.
 bool statusNotifierItemShown();
 
 // Whether the X11 window `icon` sits inside a tray (a tray reparents the icons it embeds).

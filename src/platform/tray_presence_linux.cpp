@@ -21,25 +21,37 @@ namespace TrayPresence {
 
 namespace {
 
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+
+// A property of the StatusNotifierWatcher, or nothing when no watcher answers.
+QVariant watcherProperty(const QString& name) {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(watcherService))
+        return {};
+    QDBusMessage get = QDBusMessage::createMethodCall(
+        watcherService, QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    get << watcherService << name;
+    const QDBusMessage reply = bus.call(get, QDBus::Block, 500);
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+        return {};
+    return reply.arguments().front().value<QDBusVariant>().variant();
+}
+
 // A StatusNotifierWatcher with a host that shows items (KDE, waybar, GNOME's extension).
 bool statusNotifierHost() {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
-    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(watcher))
-        return false;
-    QDBusMessage get = QDBusMessage::createMethodCall(
-        watcher, QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    get << watcher << QStringLiteral("IsStatusNotifierHostRegistered");
-    const QDBusMessage reply = bus.call(get, QDBus::Block, 500);
-    return reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty() &&
-           reply.arguments().front().value<QDBusVariant>().variant().toBool();
+    return watcherProperty(QStringLiteral("IsStatusNotifierHostRegistered")).toBool();
+}
+
+// The X11 connection; none on another platform, or on the offscreen one with no X server.
+xcb_connection_t* xcbConnection() {
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
 }
 
 // The selection owner of _NET_SYSTEM_TRAY_S0 on the X11 connection, or XCB_NONE.
 xcb_window_t xembedTrayWindow() {
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
+    xcb_connection_t* connection = xcbConnection();
     if (!connection)
         return XCB_NONE;
     const char* name = "_NET_SYSTEM_TRAY_S0";
@@ -66,34 +78,20 @@ bool xembedTray() {
 } // namespace
 
 bool statusNotifierItemShown() {
-    if (!statusNotifierHost())
-        return false;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
-    QDBusMessage get = QDBusMessage::createMethodCall(
-        watcher, QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    get << watcher << QStringLiteral("RegisteredStatusNotifierItems");
-    const QDBusMessage reply = bus.call(get, QDBus::Block, 500);
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
-        return false;
     // Entries are a bus name, or a bus name and a path; Qt registers from a connection of its
     // own, so the owner's process id is what tells our item from others.
     const QStringList items =
-        reply.arguments().front().value<QDBusVariant>().variant().toStringList();
+        watcherProperty(QStringLiteral("RegisteredStatusNotifierItems")).toStringList();
+    QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface();
     const auto pid = static_cast<uint>(QCoreApplication::applicationPid());
-    for (const QString& item : items) {
-        const QString service = item.section(QLatin1Char('/'), 0, 0);
-        const QDBusReply<uint> owner = bus.interface()->servicePid(service);
-        if (owner.isValid() && owner.value() == pid)
-            return true;
-    }
-    return false;
+    return std::any_of(items.begin(), items.end(), [&](const QString& item) {
+        const QDBusReply<uint> owner = bus->servicePid(item.section(QLatin1Char('/'), 0, 0));
+        return owner.isValid() && owner.value() == pid;
+    });
 }
 
 bool embeddedInTray(WId icon) {
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
+    xcb_connection_t* connection = xcbConnection();
     if (!connection || icon == 0)
         return false;
     xcb_query_tree_reply_t* tree = xcb_query_tree_reply(
