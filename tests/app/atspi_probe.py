@@ -68,6 +68,14 @@ def checked(node):
     return node.getState().contains(pyatspi.STATE_CHECKED)
 
 
+def brings_row_back_on(node, what):
+    """Presses `node`; the switched-off row must read checked again. Returns the row."""
+    press(node)
+    row = find(lambda n: n.name == "api.test, 127.0.0.1" and checked(n))
+    check(row is not None, "%s through AT-SPI did not bring the row back on" % what)
+    return row
+
+
 row = named("api.test, 127.0.0.1")
 check(row is not None, "no row named 'api.test, 127.0.0.1'")
 if row is None:
@@ -91,17 +99,13 @@ if more is not None:
     refresh = find(lambda n: n.getRole() == pyatspi.ROLE_MENU_ITEM and n.name.startswith("Refresh"))
     check(refresh is not None, "no Refresh item in the menu")
     if refresh is not None:
-        press(refresh)
-        row = find(lambda n: n.name == "api.test, 127.0.0.1" and checked(n))
-        check(row is not None, "Refresh through AT-SPI did not reload the file")
+        row = brings_row_back_on(refresh, "Refresh")
 if row is not None:
     press(row)
 discard = named("Discard")
 check(discard is not None, "no Discard button")
 if discard is not None:
-    press(discard)
-    row = find(lambda n: n.name == "api.test, 127.0.0.1" and checked(n))
-    check(row is not None, "Discard through AT-SPI did not bring the row back on")
+    row = brings_row_back_on(discard, "Discard")
 
 if row is not None:
     press(row)

@@ -6,7 +6,8 @@
 # that no installed program names a build folder, that the installed files pass their
 # validators, and that removal takes every file away. Then it uses the installed programs as a
 # user would: the app on a display, typing a mapping, Return and Ctrl+Return (the acceptance
-# test's window mode), and pinecovectl's own end-to-end run; each writes a private /etc/hosts.
+# test's window mode), its tray item through a StatusNotifierItem watcher (the sni mode), and
+# pinecovectl's own end-to-end run; each writes a private /etc/hosts.
 set -euo pipefail
 
 skip() { echo "SKIPPED: $*"; exit 77; }
