@@ -19,6 +19,10 @@ namespace {
 
 constexpr int unbounded = (1 << 24) - 1; // Qt's largest window size
 
+bool onWayland() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 } // namespace
 
 PanelWindow::PanelWindow(HostsStore& store, Style style)
@@ -117,6 +121,12 @@ void PanelWindow::keepEdge() {
 }
 
 void PanelWindow::present(const QRect& anchor) {
+    // Wayland lets no client raise or focus its own window, and the compositor honours an
+    // activation request only when it chooses to (sway marks the window urgent). A panel left on
+    // another workspace, in the scratchpad or under the focused window therefore comes forward
+    // as a new mapping, which the compositor puts where the user is and gives the keyboard.
+    if (isVisible() && !isActive() && onWayland())
+        hide();
     if (!isVisible())
         placeUnder(anchor); // where the compositor lets a client place its window
     if (!isVisible() && rootObject())
@@ -132,7 +142,9 @@ bool PanelWindow::hidesToTray() const {
 }
 
 void PanelWindow::toggleAt(const QRect& anchor) {
-    if (isVisible() && hidesToTray())
+    // A window the user is not looking at (another workspace, under another window) is brought
+    // forward, not hidden. A popover is never open without the keyboard.
+    if (isVisible() && hidesToTray() && (style_ == Style::Popover || isActive()))
         hide();
     else
         present(anchor);

@@ -21,9 +21,9 @@ public:
     // Whether closing the window quits Pinecove: only while no tray icon can bring it back.
     void setCloseQuits(bool quits) { closeQuits_ = quits; }
     // Opens the popover under `anchor` (the tray item's rectangle, or a point), or closes it if
-    // it is open.
+    // it is open in front of the user.
     void toggleAt(const QRect& anchor);
-    // Shows the panel (raising it if open) and gives it the keyboard.
+    // Shows the panel (bringing it forward if open) and gives it the keyboard.
     void present(const QRect& anchor = {});
 
 protected:
