@@ -13,6 +13,20 @@ QAccessibleInterface* rowFactory(const QString&, QObject* object) {
     return nullptr;
 }
 
+// A row scrolled out of the list still exists (the list keeps a few beyond its edges), and a
+// screen reader must not read it as on screen.
+bool scrolledOutOfView(const QQuickItem* row) {
+    const QRectF bounds(0, 0, row->width(), row->height());
+    for (const QQuickItem* item = row->parentItem(); item; item = item->parentItem()) {
+        if (!item->clip())
+            continue;
+        const QRectF inItem = row->mapRectToItem(item, bounds);
+        if (!inItem.intersects(QRectF(0, 0, item->width(), item->height())))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 EntryRowAccessible::EntryRowAccessible(EntryRowControl* control)
@@ -46,6 +60,7 @@ QAccessible::State EntryRowAccessible::state() const {
     state.focused = control()->hasActiveFocus();
     state.disabled = control()->locked();
     state.invisible = !control()->isVisible();
+    state.offscreen = scrolledOutOfView(control());
     return state;
 }
 

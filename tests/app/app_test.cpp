@@ -1,22 +1,26 @@
 // SPDX-License-Identifier: MIT
 // The app's own parts around the panel: the single-instance hand-over, the panel's window and
 // the tray icon.
+#include "entry_row_control.h"
 #include "hosts_fixture.h"
 #include "menu_bar_icon.h"
 #include "panel_engine.h"
 #include "panel_window.h"
 #include "single_instance.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QLocalServer>
 #include <QMessageBox>
 #include <QPainter>
+#include <QQuickItem>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 #include <cmath>
+#include <functional>
 #include <unistd.h>
 
 Q_IMPORT_QML_PLUGIN(PinecovePlugin)
@@ -131,6 +135,32 @@ private slots:
         QVERIFY2(asked.contains(QStringLiteral("not been applied")), qPrintable(asked));
         QVERIFY(panel.isVisible());
         QVERIFY(store->isDirty());
+    }
+
+    // A screen reader reads a row as on screen only while the list shows it.
+    void onlyRowsInViewReadAsOnScreen() {
+        usePanelRenderer();
+        std::string text;
+        for (int i = 10; i < 40; ++i)
+            text += "127.0.0.1 host" + std::to_string(i) + ".test\n";
+        HostsFixture hosts(text);
+        const auto store = hosts.store();
+        PanelWindow panel(*store, PanelWindow::Style::Window);
+        panel.present();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        QMap<QString, bool> offscreen;
+        std::function<void(QQuickItem*)> visit = [&](QQuickItem* item) {
+            if (item->inherits("QQuickListView")) // the first rows scroll out, still made
+                item->setProperty("contentY", item->property("contentY").toReal() + 120);
+            if (auto* row = qobject_cast<EntryRowControl*>(item))
+                offscreen[row->label()] =
+                    QAccessible::queryAccessibleInterface(row)->state().offscreen;
+            for (QQuickItem* child : item->childItems())
+                visit(child);
+        };
+        visit(panel.rootObject());
+        QCOMPARE(offscreen.value(QStringLiteral("host10.test, 127.0.0.1"), false), true);
+        QCOMPARE(offscreen.value(QStringLiteral("host15.test, 127.0.0.1"), true), false);
     }
 
     // The nodes and the dot read at 3:1 or better, measured on the pixels as the panel shows
