@@ -17,7 +17,8 @@ app=$1
 shots=$2
 mode=$3
 
-skip() { echo "SKIPPED: $*"; exit 77; }
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 for tool in Xvfb xdotool import; do
     command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
 done
@@ -61,31 +62,11 @@ fail() {
 export XDG_DATA_HOME="$work/data" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
 # shellcheck source=../../scripts/xvfb.sh
 . "$(dirname "$0")/../../scripts/xvfb.sh"
-# Polls for a condition for up to twenty seconds: fixed sleeps fail on a busy machine.
-wait_for() {
-    for _ in $(seq 200); do
-        "$@" && return 0
-        sleep 0.1
-    done
-    return 1
-}
-pids=()
-# background COMMAND...: starts it and remembers it, for the end and in $last.
-background() {
-    "$@" >/dev/null 2>&1 &
-    last=$!
-    pids+=("$last")
-}
-# Stop everything and wait for it, so that the next run starts alone.
-trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 start_xvfb "$work" || fail "Xvfb did not start"
 pids+=("$XVFB_PID")
 
 if [ "$mode" = atspi ] || [ "$mode" = sni ] || [[ $mode == late-tray* ]]; then
-    # A session bus of our own: no desktop's, no other program's.
-    bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1)
-    export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
-    pids+=("${bus##*$'\n'}")
+    private_bus
 fi
 if [ "$mode" = atspi ]; then
     background /usr/libexec/at-spi-bus-launcher --launch-immediately
@@ -104,8 +85,10 @@ fi
 app_pid=$!
 pids+=("$app_pid")
 if [ "$mode" = sni ]; then
-    # The watcher starts after Pinecove, as a panel may at login: the item must still reach it.
-    sleep 1
+    # The watcher starts after Pinecove's window, as a panel may at login: the item must still
+    # reach it.
+    timeout 20 xdotool search --sync --onlyvisible --name '^Pinecove$' >/dev/null ||
+        fail "no window without a tray"
     sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
     background /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items"
     watcher_pid=$last
@@ -136,12 +119,19 @@ panel_window() {
 }
 window_shown() { window=$(panel_window) && [ -n "$window" ]; }
 height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
+# The height has stopped changing (the apply bar's entrance is over).
+steady() {
+    local before
+    before=$(height)
+    sleep 0.2
+    [ "$(height)" = "$before" ]
+}
 # Clicks into the input field at the bottom of the panel, as a user would, and adds myapp.test.
 add_in_panel() {
-    xdotool windowfocus --sync "$window" 2>/dev/null || xdotool windowfocus "$window"
-    sleep 0.5
+    xdotool windowfocus "$window"
+    focused() { [ "$(xdotool getwindowfocus)" = "$window" ]; }
+    wait_for focused || fail "the panel did not take the keyboard"
     xdotool mousemove --window "$window" 180 $(($(height) - 28)) click 1
-    sleep 0.3
     xdotool type --delay 40 "myapp.test"
     xdotool key Return
 }
@@ -197,7 +187,7 @@ if [[ $mode == late-tray* ]]; then
     add_in_panel
     taller() { [ "$(height)" -gt "$clean_height" ]; }
     wait_for taller || fail "no apply bar after Return"
-    sleep 0.5 # the bar's entrance
+    wait_for steady
     dirty_height=$(height)
     background trayer --edge top --align right --widthtype pixel --width 120 --height 24
     tray_pid=$last
@@ -212,10 +202,12 @@ if [[ $mode == late-tray* ]]; then
     # A StatusNotifierItem watcher now: Qt keeps the X11 kind it chose, so the window must stay.
     background /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items"
     watcher_pid=$last
-    sleep 6 # the follower's grace for an icon that never shows, and a little more
+    # Nothing to wait for: the window must simply stay, through the follower's grace for an icon
+    # that never shows (four seconds) and a little more.
+    sleep 6
     expect_drawn "a StatusNotifierItem watcher came" 4-window-with-watcher
     kill "$watcher_pid"
-    sleep 3
+    sleep 3 # again a time to stay through: a look for a tray every two seconds
     expect_drawn "the watcher went away" 5-window-at-end
     [ "$(height)" -eq "$dirty_height" ] || fail "the unsaved edit is gone (height $(height), was $dirty_height)"
     echo "PASSED ($mode): the panel was on screen and drawn after every tray change"
@@ -232,7 +224,7 @@ ends_with_new_line() { [ "$(tail -n 1 /etc/hosts)" = "$(printf '127.0.0.1\tmyapp
 clean_height=$(height)
 add_in_panel
 wait_for taller_than "$clean_height" || fail "no apply bar after Return (height stays $(height))"
-sleep 0.3 # the bar's entrance
+wait_for steady
 dirty_height=$(height)
 if [ "$mode" = tray ]; then
     bottom() { eval "$(xdotool getwindowgeometry --shell "$1")"; echo $((Y + HEIGHT)); }

@@ -10,7 +10,8 @@ set -euo pipefail
 app=$1
 shots=$2
 
-skip() { echo "SKIPPED: $*"; exit 77; }
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 for tool in sway swaymsg grim wtype convert dbus-daemon; do
     command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
 done
@@ -27,14 +28,6 @@ fail() {
     grim "$shots/wayland-failed.png" 2>/dev/null && echo "The screen at the failure: $shots/wayland-failed.png"
     exit 1
 }
-wait_for() {
-    for _ in $(seq 100); do
-        "$@" && return 0
-        sleep 0.1
-    done
-    return 1
-}
-pids=()
 trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$session"' EXIT
 # sway's folder must be the user nobody's, and reachable by it whatever holds $work.
 session=$(mktemp -d -p /tmp pinecove-sway.XXXXXX)
@@ -49,15 +42,12 @@ socket_ready() { [ -S "$session/run/wayland-1" ] && compgen -G "$session/run/swa
 wait_for socket_ready || skip "sway could not start here: $(tail -n 3 "$work/sway.log")"
 export WAYLAND_DISPLAY=$session/run/wayland-1 SWAYSOCK
 SWAYSOCK=$(compgen -G "$session/run/sway-ipc.*")
-bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1)
-export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
-pids+=("${bus##*$'\n'}")
+private_bus
 mkdir -p "$work/runtime" "$shots"
 chmod 700 "$work/runtime"
 export XDG_RUNTIME_DIR=$work/runtime XDG_DATA_HOME=$work/data QT_QPA_PLATFORM=wayland
 sni() { /usr/bin/python3 "$(dirname "$0")/sni.py" "$1" "$work/items" "${@:2}"; }
-/usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items" &
-pids+=($!)
+background /usr/bin/python3 "$(dirname "$0")/sni.py" watch "$work/items"
 "$app" >"$work/app.log" 2>&1 &
 pids+=($!)
 
