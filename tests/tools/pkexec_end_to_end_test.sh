@@ -65,7 +65,12 @@ as_user add myapp.test --quiet >"$work/out" 2>&1 || fail "authorised add: $(cat 
 [ "$(stat -c '%u:%g %a' /etc/hosts)" = "0:0 644" ] || fail "owner and mode: $(stat -c '%u:%g %a' /etc/hosts)"
 
 rule NO
-sleep 1 # polkitd rereads its rules when they change
+# polkitd rereads its rules when they change, a moment later.
+refused() {
+    ! setpriv --reuid=nobody --regid=nogroup --clear-groups \
+        sh -c 'pkcheck --action-id io.pinecove.write-hosts --process $$' >/dev/null 2>&1
+}
+for _ in $(seq 50); do refused && break; sleep 0.1; done
 cp /etc/hosts "$work/before"
 status=0
 as_user remove myapp.test --quiet >"$work/out" 2>&1 || status=$?
