@@ -19,20 +19,12 @@ mode=$3
 
 # shellcheck source=../support/session.sh
 . "$(dirname "$0")/../support/session.sh"
-for tool in Xvfb xdotool import; do
-    command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
-done
+need Xvfb xdotool import
 case $mode in
-tray) command -v trayer >/dev/null || skip "no tray host (trayer) is installed" ;;
-late-tray*)
-    for tool in trayer openbox xcompmgr; do
-        command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
-    done
-    /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed"
-    ;;
-sni) /usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed" ;;
-atspi) [ -x /usr/libexec/at-spi-bus-launcher ] && /usr/bin/python3 -c 'import pyatspi' 2>/dev/null ||
-    skip "at-spi2-core or python3-pyatspi is not installed" ;;
+tray) need trayer ;;
+late-tray*) need trayer openbox xcompmgr python3-gi ;;
+sni) need python3-gi ;;
+atspi) need /usr/libexec/at-spi-bus-launcher python3-pyatspi ;;
 esac
 # shellcheck source=../support/private_etc.sh
 . "$(dirname "$0")/../support/private_etc.sh"

@@ -12,10 +12,7 @@ shots=$2
 
 # shellcheck source=../support/session.sh
 . "$(dirname "$0")/../support/session.sh"
-for tool in sway swaymsg grim wtype convert dbus-daemon; do
-    command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
-done
-/usr/bin/python3 -c 'from gi.repository import Gio' 2>/dev/null || skip "python3-gi is not installed"
+need sway swaymsg grim wtype convert dbus-daemon python3-gi
 id nobody >/dev/null 2>&1 || skip "there is no user nobody to run sway as"
 # shellcheck source=../support/private_etc.sh
 . "$(dirname "$0")/../support/private_etc.sh"

@@ -3,6 +3,17 @@
 # and stop, and a session bus of their own.
 
 skip() { echo "SKIPPED: $*"; exit 77; }
+# need TOOL...: a program on the PATH, or a Python module as "python3-MODULE", or a skip.
+need() {
+    local tool
+    for tool; do
+        if [[ $tool == python3-* ]]; then
+            /usr/bin/python3 -c "import ${tool#python3-}" 2>/dev/null || skip "$tool is not installed"
+        else
+            command -v "$tool" >/dev/null || skip "$tool is not installed (scripts/install-deps installs it)"
+        fi
+    done
+}
 # Polls for a condition for up to twenty seconds: fixed sleeps fail on a busy machine.
 wait_for() {
     for _ in $(seq 200); do
