@@ -16,9 +16,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <unordered_map>
 
@@ -128,15 +126,18 @@ private:
             for (std::size_t i = 0; i < entries.size(); ++i) {
                 const HostEntry& entry = entries[i];
                 const auto comment = entry.comment();
-                const QJsonObject object{
-                    {QStringLiteral("enabled"), entry.isEnabled()},
-                    {QStringLiteral("ip"), text(entry.ip())},
-                    {QStringLiteral("hostnames"), QJsonArray::fromStringList(namesOf(entry))},
-                    {QStringLiteral("system"), entry.isSystem()},
-                    {QStringLiteral("line"), lineOf[entry.id()]},
-                    {QStringLiteral("comment"),
-                     comment ? QJsonValue(text(*comment)) : QJsonValue()}};
-                out_ << (i ? "," : "") << QJsonDocument(object).toJson(QJsonDocument::Compact);
+                // nlohmann::json, not ordered_json: its keys come out sorted, the order scripts
+                // have always read.
+                const nlohmann::json object{
+                    {"enabled", entry.isEnabled()},
+                    {"ip", entry.ip()},
+                    {"hostnames", entry.hostnames().toVector()},
+                    {"system", entry.isSystem()},
+                    {"line", lineOf[entry.id()]},
+                    {"comment", comment ? nlohmann::json(*comment) : nlohmann::json(nullptr)}};
+                // The store loads only UTF-8, so strict mode cannot throw.
+                out_ << (i ? "," : "")
+                     << text(object.dump(-1, ' ', false, nlohmann::json::error_handler_t::strict));
             }
             out_ << ']' << Qt::endl;
             return CtlStatus::done;
