@@ -188,7 +188,7 @@ void HostsStore::applyText(const std::string& text) {
                 load();
                 finishApply(std::nullopt, true);
             } else if (failure->isWriteError &&
-                       failure->message.find(PrivilegedWriter::cancelMarker) != std::string::npos) {
+                       failure->message.find(HelperProtocol::cancelMarker) != std::string::npos) {
                 finishApply(std::nullopt); // the user dismissed the prompt: nothing to report
             } else {
                 finishApply(QString::fromStdString(failure->message));

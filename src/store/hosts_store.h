@@ -2,10 +2,10 @@
 #pragma once
 
 #include "custom_order.h"
+#include "helper_protocol.h"
 #include "hostname_collation.h"
 #include "hosts_document.h"
 #include "script_runner.h"
-#include "write_script.h"
 
 #include <QDateTime>
 #include <QObject>
@@ -35,8 +35,8 @@ public:
 
     inline static const QString readFailureMessage = QStringLiteral("Could not read /etc/hosts");
     inline static const QString conflictMessage =
-        QString::fromUtf8(PrivilegedWriter::conflictMessage.data(),
-                          static_cast<qsizetype>(PrivilegedWriter::conflictMessage.size()));
+        QString::fromUtf8(HelperProtocol::conflictMessage.data(),
+                          static_cast<qsizetype>(HelperProtocol::conflictMessage.size()));
 
     explicit HostsStore(QObject* parent = nullptr);
     explicit HostsStore(Environment environment, QObject* parent = nullptr);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "privileged_writer.h"
 
+#include "helper_protocol.h"
+
 #include <QTimer>
 
 namespace PrivilegedWriter {
@@ -23,10 +25,10 @@ struct OutcomeToFailure {
 
 void writeHostsFile(const std::string& text, const std::string& expected, ScriptRunner& runner,
                     std::function<void(std::optional<WriteFailure>)> done) {
-    if (isTooLarge(text)) {
+    if (HelperProtocol::isTooLarge(text)) {
         // Completed from the event loop, like every other outcome, so callers see one shape.
         QTimer::singleShot(0, [done = std::move(done)] {
-            done(WriteFailure{std::string(tooLargeMessage), true});
+            done(WriteFailure{std::string(HelperProtocol::tooLargeMessage), true});
         });
         return;
     }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "script_runner.h"
-#include "write_script.h"
 
 #include <functional>
 #include <optional>

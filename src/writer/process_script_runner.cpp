@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "process_script_runner.h"
 
+#include "helper_request.h"
 #include "sealed_input.h"
 #include "utf8.h"
 #include "write_script.h"
@@ -31,8 +32,7 @@ std::string ProcessScriptRunner::failureMessage(const QByteArray& standardError)
                                  static_cast<std::size_t>(standardError.size()));
     const QString message =
         pinecove::isValidUtf8(bytes) ? QString::fromUtf8(standardError).trimmed() : QString();
-    return message.isEmpty() ? std::string(PrivilegedWriter::fallbackMessage)
-                             : message.toStdString();
+    return message.isEmpty() ? std::string(HelperProtocol::fallbackMessage) : message.toStdString();
 }
 
 namespace {
@@ -43,19 +43,6 @@ bool noAgent(const QByteArray& standardError) {
 }
 
 } // namespace
-
-std::string ProcessScriptRunner::noAgentMessage() {
-    return "No password prompt could be shown: no polkit authentication agent is running. Start "
-           "your desktop's agent, or install one (Debian: sudo apt install lxpolkit) and log in "
-           "again, then apply again.";
-}
-
-std::string ProcessScriptRunner::dismissedMessage() {
-    // The same cancel marker that a dismissed macOS dialog carries, so that the apply flow
-    // treats both alike.
-    return "The administrator prompt was dismissed. (" +
-           std::string(PrivilegedWriter::cancelMarker) + ")";
-}
 
 void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Outcome)> done) {
     auto* process = new QProcess();
@@ -77,8 +64,9 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
     if (delivery_ == Delivery::LastArgument) {
         arguments << QString::fromStdString(transform_ ? transform_(request) : request.text);
     } else {
-        arguments << QStringLiteral("--expected-size") << QString::number(request.expected.size())
-                  << QStringLiteral("--size") << QString::number(request.text.size());
+        for (const std::string& argument :
+             requestArguments(request.expected.size(), request.text.size()))
+            arguments << QString::fromStdString(argument);
         input = sealedInput(request.expected, request.text);
         if (input < 0) {
             QTimer::singleShot(0, process, [process, done = std::move(done)] {
@@ -120,14 +108,14 @@ void ProcessScriptRunner::run(const WriteRequest& request, std::function<void(Ou
             if (normal && exitCode == 0)
                 (*shared)(Succeeded{});
             else if (normal && prompt && exitCode == prompt->dismissed)
-                (*shared)(Failed{dismissedMessage()});
+                (*shared)(Failed{HelperProtocol::dismissedMessage()});
             else if (normal && prompt && exitCode == prompt->notAuthorized)
                 // pkexec gives one status for both; only its words tell a refusal from a
                 // session with no agent to show the prompt (and, without a terminal, no
                 // text prompt of pkexec's own either).
-                (*shared)(Failed{noAgent(process->readAllStandardError())
-                                     ? noAgentMessage()
-                                     : "Not authorized to update the hosts file."});
+                (*shared)(Failed{std::string(noAgent(process->readAllStandardError())
+                                                 ? HelperProtocol::noAgentMessage
+                                                 : HelperProtocol::notAuthorizedMessage)});
             else
                 (*shared)(Failed{failureMessage(process->readAllStandardError())});
         });
@@ -160,9 +148,9 @@ std::shared_ptr<ScriptRunner> platformScriptRunner() {
         return std::make_shared<ProcessScriptRunner>(helper, QStringList{},
                                                      ProcessScriptRunner::Delivery::HelperInput,
                                                      nullptr, std::nullopt, helper);
-    return std::make_shared<ProcessScriptRunner>(
-        QStringLiteral("/usr/bin/pkexec"), QStringList{helper},
-        ProcessScriptRunner::Delivery::HelperInput, nullptr, ProcessScriptRunner::pkexecStatuses,
-        helper);
+    return std::make_shared<ProcessScriptRunner>(QStringLiteral("/usr/bin/pkexec"),
+                                                 QStringList{helper},
+                                                 ProcessScriptRunner::Delivery::HelperInput,
+                                                 nullptr, HelperProtocol::pkexecStatuses, helper);
 #endif
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "helper_protocol.h"
 #include "script_runner.h"
 
 #include <QString>
@@ -20,17 +21,11 @@ public:
         // added to it while the prompt waits (Linux).
         HelperInput
     };
-    // The exit statuses by which a runner says its prompt was dismissed, or that the user may
-    // not do this (pkexec has no other way to say either).
-    struct PromptStatuses {
-        int dismissed;
-        int notAuthorized;
-    };
-    static constexpr PromptStatuses pkexecStatuses{126, 127};
+    using PromptStatuses = HelperProtocol::PromptStatuses;
 
-    // `promptStatuses`: the runner's own statuses, if it has any (see above). `runsAsRoot`: the
-    // file that will run as root, checked before each run; the run is refused unless only root
-    // can change it.
+    // `promptStatuses`: the runner's own statuses, if it has any (pkexec's are
+    // HelperProtocol::pkexecStatuses). `runsAsRoot`: the file that will run as root, checked
+    // before each run; the run is refused unless only root can change it.
     ProcessScriptRunner(QString program, QStringList arguments, Delivery delivery,
                         std::function<std::string(const WriteRequest&)> transform = {},
                         std::optional<PromptStatuses> promptStatuses = std::nullopt,
@@ -40,10 +35,6 @@ public:
 
     // The user's message for a runner that failed after writing `standardError`.
     static std::string failureMessage(const QByteArray& standardError);
-    // The message of a dismissed prompt; it carries the cancel marker.
-    static std::string dismissedMessage();
-    // The message when no polkit agent runs to show the prompt (sway ships none).
-    static std::string noAgentMessage();
 
 private:
     QString program_;

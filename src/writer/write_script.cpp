@@ -17,10 +17,6 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
 
 } // namespace
 
-bool isTooLarge(std::string_view text) {
-    return text.size() > maxTextBytes;
-}
-
 std::string newDelimiter() {
     // The text runs as root inside a here-document: a delimiter anyone could predict would let a
     // line of the hosts file end it early, so every digit comes from the system's random source.

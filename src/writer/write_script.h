@@ -6,26 +6,12 @@
 
 // Builds the root shell script that replaces /etc/hosts, and the AppleScript command that runs
 // it behind the macOS administrator dialog. Pure string building: what runs as root can be read,
-// tested and printed (pinecove-inspect --script) without running it.
+// tested and printed (pinecove-inspect --script) without running it. The size limit and the
+// messages it shares with Linux are the helper protocol's (helper_protocol.h).
 namespace PrivilegedWriter {
 
-inline constexpr std::size_t maxTextBytes = 199'999;
-inline constexpr std::string_view tooLargeMessage =
-    "The hosts file is unexpectedly large. Refusing to write.";
 inline constexpr std::string_view delimiterPrefix = "PINECOVE_EOF_";
 inline constexpr std::string_view prompt = "Pinecove wants to update your hosts file.";
-inline constexpr std::string_view fallbackMessage = "Writing the hosts file failed.";
-// Said by the apply flow, and by the Linux helper when the file changed during the prompt.
-inline constexpr std::string_view conflictMessage =
-    "The hosts file was changed by another app. Choose Refresh from the menu to load the "
-    "latest version, then apply again.";
-// How a dismissed administrator dialog shows in an error's message (AppleScript's "user
-// canceled" number); the Linux runner reports a dismissal the same way.
-inline constexpr std::string_view cancelMarker = "-128";
-
-// A text of more than maxTextBytes UTF-8 bytes is refused before anything runs.
-bool isTooLarge(std::string_view text);
-
 // "PINECOVE_EOF_" and 32 hexadecimal digits, new on every call.
 std::string newDelimiter();
 

@@ -50,7 +50,7 @@ FAULTS = [
      "                load();\n                finishApply(std::nullopt, true);",
      "                finishApply(std::nullopt, true);"),
     ("dismissed-prompt-reported", "src/store/hosts_store.cpp",
-     "failure->message.find(PrivilegedWriter::cancelMarker) != std::string::npos", "false"),
+     "failure->message.find(HelperProtocol::cancelMarker) != std::string::npos", "false"),
     ("backup-failure-ignored", "src/store/hosts_store.cpp",
      "finishApply(*failure);\n        return;", "(void)failure;"),
     # The g++ package crashed on its first add: begin() read before a reallocating insert.
@@ -72,11 +72,11 @@ FAULTS = [
      "QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive",
      "QDir::Files | QDir::Hidden | QDir::System"),
     # The writer, the runner and the helper that runs as root.
-    ("size-limit-off-by-one", "src/writer/write_script.cpp",
+    ("size-limit-off-by-one", "src/helper_protocol/helper_protocol.cpp",
      "return text.size() > maxTextBytes;", "return text.size() > maxTextBytes + 1;"),
-    ("pkexec-statuses-swapped", "src/writer/process_script_runner.h",
+    ("pkexec-statuses-swapped", "src/helper_protocol/helper_protocol.h",
      "pkexecStatuses{126, 127}", "pkexecStatuses{127, 126}"),
-    ("helper-accepts-trailing-bytes", "tools/pinecove-write-hosts/helper_request.cpp",
+    ("helper-accepts-trailing-bytes", "src/helper_protocol/helper_request.cpp",
      "    return got == 0;", "    return got >= 0;"),
     ("helper-skips-conflict-check", "tools/pinecove-write-hosts/replace_hosts.cpp",
      "(!current || *current != request.expected))", "(!current))"),

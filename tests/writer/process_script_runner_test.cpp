@@ -56,14 +56,14 @@ private slots:
              true, "failed: Not authorized to update the hosts file."},
             {"printf 'Error executing command as another user: No authentication agent "
              "found.\n' >&2; exit 127",
-             true, "failed: " + QString::fromStdString(ProcessScriptRunner::noAgentMessage())},
+             true, "failed: " + QString::fromUtf8(HelperProtocol::noAgentMessage)},
             {"echo 'Disk full' >&2; exit 5", true, "failed: Disk full"},
         };
         for (const auto& [behaviour, pkexec, outcome] : cases) {
             ProcessScriptRunner runner(
                 QStringLiteral("/bin/sh"), {QStringLiteral("-c"), behaviour, QStringLiteral("sh")},
                 ProcessScriptRunner::Delivery::LastArgument, {},
-                pkexec ? std::optional(ProcessScriptRunner::pkexecStatuses) : std::nullopt);
+                pkexec ? std::optional(HelperProtocol::pkexecStatuses) : std::nullopt);
             QCOMPARE(runToEnd(runner, WriteRequest{"a \"q\" \\ $x `y`", {}}), outcome);
         }
         ProcessScriptRunner missing(QStringLiteral("/nonexistent/pkexec"), {},

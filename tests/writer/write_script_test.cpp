@@ -10,11 +10,6 @@ namespace {
 
 const std::string delimiter = "PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF";
 
-TEST(WriteScriptTest, RefusesTwoHundredThousandBytesOrMore) {
-    EXPECT_FALSE(isTooLarge(std::string(199'999, 'a')));
-    EXPECT_TRUE(isTooLarge(std::string(200'000, 'a')));
-}
-
 // AppleScript's string literal, read back: the command must carry the script unchanged.
 TEST(WriteScriptTest, AppleScriptCommandCarriesTheScriptOnOneLine) {
     const std::string script = writeScript("1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z' \r\n", delimiter);

@@ -3,6 +3,8 @@
 // users, tests and benchmarks can audit the model without the app.
 
 #include "document_json.h"
+#include "helper_protocol.h"
+#include "helper_request.h"
 #include "hosts_edits.h"
 #include "read_text.h"
 #include "typed_input.h"
@@ -79,8 +81,8 @@ constexpr bool runsScriptAsRoot = false;
 // Exactly what an apply of FILE's text would hand to the administrator runner.
 int printWriteCommand(HostsDocument& document, bool appleScript) {
     const std::string text = serialized(document);
-    if (PrivilegedWriter::isTooLarge(text)) {
-        fail(std::string(PrivilegedWriter::tooLargeMessage));
+    if (HelperProtocol::isTooLarge(text)) {
+        fail(std::string(HelperProtocol::tooLargeMessage));
         return exitFailure;
     }
     const std::string delimiter = PrivilegedWriter::newDelimiter();
@@ -90,10 +92,11 @@ int printWriteCommand(HostsDocument& document, bool appleScript) {
     }
     // Linux runs no script as root: the helper gets the loaded text and the new one as data.
     const std::string& loaded = *document.text;
-    return writeOut("# As root: " PINECOVE_WRITE_HELPER " --expected-size " +
-                    std::to_string(loaded.size()) + " --size " + std::to_string(text.size()) +
-                    "\n# Standard input: the file as loaded (" + std::to_string(loaded.size()) +
-                    " bytes), then the new text:\n" + text);
+    std::string command = "# As root: " PINECOVE_WRITE_HELPER;
+    for (const std::string& argument : requestArguments(loaded.size(), text.size()))
+        command += " " + argument;
+    return writeOut(command + "\n# Standard input: the file as loaded (" +
+                    std::to_string(loaded.size()) + " bytes), then the new text:\n" + text);
 }
 
 } // namespace

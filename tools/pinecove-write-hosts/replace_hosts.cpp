@@ -2,7 +2,7 @@
 #include "replace_hosts.h"
 
 #include "descriptor_io.h"
-#include "write_script.h"
+#include "helper_protocol.h"
 
 #include <cerrno>
 #include <cstring>
@@ -21,7 +21,7 @@ std::optional<std::string> readFile(const std::string& path) {
     if (fd < 0)
         return std::nullopt;
     std::string text;
-    const bool read = pinecove::readToEnd(fd, text, maxExpectedBytes);
+    const bool read = pinecove::readToEnd(fd, text, HelperProtocol::maxExpectedBytes);
     ::close(fd);
     if (!read)
         return std::nullopt;
@@ -61,8 +61,8 @@ void removeLeftovers(const std::string& etc) {
 
 HelperRefusal writeFailure(const char* step) {
     const int error = errno; // before any allocation below can change it
-    return {HelperStatus::writeFailed, std::string("Could not write the hosts file (") + step +
-                                           ": " + std::strerror(error) + ")."};
+    return {HelperProtocol::Status::writeFailed, std::string("Could not write the hosts file (") +
+                                                     step + ": " + std::strerror(error) + ")."};
 }
 
 } // namespace
@@ -92,8 +92,8 @@ std::optional<HelperRefusal> replaceHostsFile(const std::string& etc,
     // creates one meanwhile, it is no longer missing and the texts are compared.
     const bool missing = !current && errno == ENOENT;
     if (missing ? !request.expected.empty() : (!current || *current != request.expected))
-        return HelperRefusal{HelperStatus::changedOnDisk,
-                             std::string(PrivilegedWriter::conflictMessage)};
+        return HelperRefusal{HelperProtocol::Status::changedOnDisk,
+                             std::string(HelperProtocol::conflictMessage)};
 
     std::string temporary = etc + "/" + std::string(temporaryPrefix) + "XXXXXX";
     const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);

@@ -5,6 +5,7 @@
 #include "batch.h"
 #include "ctl_arguments.h"
 #include "edits.h"
+#include "helper_protocol.h"
 #include "raw_write.h"
 #include "unified_diff.h"
 #include "user_lock.h"
@@ -15,9 +16,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <unordered_map>
 
@@ -48,7 +47,7 @@ QString forTerminal(const QString& message) {
     if (message == HostsStore::conflictMessage)
         return QStringLiteral("/etc/hosts changed while pinecovectl was working, so it was left "
                               "as the other program wrote it. Run the command again.");
-    if (message == QString::fromUtf8(PrivilegedWriter::tooLargeMessage.data()))
+    if (message == QString::fromUtf8(HelperProtocol::tooLargeMessage.data()))
         return QStringLiteral("The new /etc/hosts is too large to write.");
     QString said = message;
     if (said.endsWith(QLatin1String("apply again.")))
@@ -127,15 +126,18 @@ private:
             for (std::size_t i = 0; i < entries.size(); ++i) {
                 const HostEntry& entry = entries[i];
                 const auto comment = entry.comment();
-                const QJsonObject object{
-                    {QStringLiteral("enabled"), entry.isEnabled()},
-                    {QStringLiteral("ip"), text(entry.ip())},
-                    {QStringLiteral("hostnames"), QJsonArray::fromStringList(namesOf(entry))},
-                    {QStringLiteral("system"), entry.isSystem()},
-                    {QStringLiteral("line"), lineOf[entry.id()]},
-                    {QStringLiteral("comment"),
-                     comment ? QJsonValue(text(*comment)) : QJsonValue()}};
-                out_ << (i ? "," : "") << QJsonDocument(object).toJson(QJsonDocument::Compact);
+                // nlohmann::json, not ordered_json: its keys come out sorted, the order scripts
+                // have always read.
+                const nlohmann::json object{
+                    {"enabled", entry.isEnabled()},
+                    {"ip", entry.ip()},
+                    {"hostnames", entry.hostnames().toVector()},
+                    {"system", entry.isSystem()},
+                    {"line", lineOf[entry.id()]},
+                    {"comment", comment ? nlohmann::json(*comment) : nlohmann::json(nullptr)}};
+                // The store loads only UTF-8, so strict mode cannot throw.
+                out_ << (i ? "," : "")
+                     << text(object.dump(-1, ' ', false, nlohmann::json::error_handler_t::strict));
             }
             out_ << ']' << Qt::endl;
             return CtlStatus::done;
@@ -198,7 +200,7 @@ private:
 
     // The outcome of a write that got under way: `failure` as the runner said it, if any.
     int finish(const std::optional<std::string>& failure, std::size_t size) {
-        if (failure && failure->find(PrivilegedWriter::cancelMarker) != std::string::npos) {
+        if (failure && failure->find(HelperProtocol::cancelMarker) != std::string::npos) {
             err_ << "pinecovectl: Cancelled; nothing was written." << Qt::endl;
             return CtlStatus::refused;
         }
@@ -220,11 +222,11 @@ private:
             out_ << "Nothing to do: /etc/hosts already holds that text." << Qt::endl;
             return CtlStatus::done;
         }
-        if (PrivilegedWriter::isTooLarge(text))
+        if (HelperProtocol::isTooLarge(text))
             return fail(QStringLiteral("The new /etc/hosts would be %1 bytes; Pinecove writes at "
                                        "most %2.")
                             .arg(text.size())
-                            .arg(PrivilegedWriter::maxTextBytes));
+                            .arg(HelperProtocol::maxTextBytes));
         if (arguments_.dryRun && readBytes(hostsPath_) != store_.loadedText())
             return fail(forTerminal(HostsStore::conflictMessage));
         if (arguments_.dryRun || !arguments_.quiet)
@@ -246,7 +248,7 @@ private:
         if (store_.hasError())
             return fail(forTerminal(store_.lastErrorText()));
         return finish(written ? std::nullopt
-                              : std::optional<std::string>(PrivilegedWriter::cancelMarker),
+                              : std::optional<std::string>(HelperProtocol::cancelMarker),
                       text.size());
     }
 

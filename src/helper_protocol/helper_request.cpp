@@ -2,8 +2,8 @@
 #include "helper_request.h"
 
 #include "descriptor_io.h"
+#include "helper_protocol.h"
 #include "utf8.h"
-#include "write_script.h"
 
 #include <cerrno>
 #include <charconv>
@@ -32,31 +32,37 @@ bool atEnd(int fd) {
 
 } // namespace
 
+std::vector<std::string> requestArguments(std::size_t expectedSize, std::size_t size) {
+    return {std::string(HelperProtocol::expectedSizeOption), std::to_string(expectedSize),
+            std::string(HelperProtocol::sizeOption), std::to_string(size)};
+}
+
 std::optional<HelperRefusal> readRequest(int argc, const char* const* argv, int fd,
                                          HelperRequest& request) {
-    const HelperRefusal usage{HelperStatus::usage,
-                              "Usage: pinecove-write-hosts --expected-size N --size M "
-                              "(the loaded text and the new text on standard input)"};
-    if (argc != 5 || std::string_view(argv[1]) != "--expected-size" ||
-        std::string_view(argv[3]) != "--size")
+    using namespace HelperProtocol;
+    const std::string synopsis =
+        std::string(expectedSizeOption) + " N " + std::string(sizeOption) + " M";
+    const HelperRefusal usage{Status::usage,
+                              "Usage: pinecove-write-hosts " + synopsis +
+                                  " (the loaded text and the new text on standard input)"};
+    if (argc != 5 || argv[1] != expectedSizeOption || argv[3] != sizeOption)
         return usage;
     const auto expectedSize = parseSize(argv[2], maxExpectedBytes);
-    const auto size = parseSize(argv[4], PrivilegedWriter::maxTextBytes);
+    const auto size = parseSize(argv[4], maxTextBytes);
     if (!expectedSize)
         return usage;
     if (!size)
-        return HelperRefusal{HelperStatus::refusedInput,
-                             std::string(PrivilegedWriter::tooLargeMessage)};
+        return HelperRefusal{Status::refusedInput, std::string(tooLargeMessage)};
     request.expected.resize(*expectedSize);
     request.text.resize(*size);
     if (!pinecove::readExactly(fd, request.expected) || !pinecove::readExactly(fd, request.text))
-        return HelperRefusal{HelperStatus::refusedInput,
+        return HelperRefusal{Status::refusedInput,
                              "The new hosts text arrived incomplete. Nothing was written."};
     if (!atEnd(fd))
-        return HelperRefusal{HelperStatus::refusedInput,
+        return HelperRefusal{Status::refusedInput,
                              "More data arrived than announced. Nothing was written."};
     if (!pinecove::isValidUtf8(request.text))
-        return HelperRefusal{HelperStatus::refusedInput,
+        return HelperRefusal{Status::refusedInput,
                              "The new hosts text is not UTF-8. Nothing was written."};
     return std::nullopt;
 }
