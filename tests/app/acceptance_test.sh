@@ -207,7 +207,7 @@ if [[ $mode == late-tray* ]]; then
 fi
 if [ "$mode" = atspi ]; then
     /usr/bin/python3 "$(dirname "$0")/atspi_probe.py" || fail "the panel fails a screen reader"
-    echo "PASSED (atspi): rows, texts, Discard and Apply work through AT-SPI"
+    echo "PASSED (atspi): rows, texts, the menu, Discard, Apply and Remove work through AT-SPI"
     exit 0
 fi
 taller_than() { [ "$(height)" -gt "$1" ]; }

@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Reads the running Pinecove through AT-SPI, as a screen reader does, and drives it.
 
-Checks each row's name, its "on"/"off" state as checked, its hint and its "Remove" action; the
-subtitle and "Unsaved changes" as text; and presses a row, a menu item, Discard and Apply through
-AT-SPI.
+Checks a row's name, its "on"/"off" state as checked, its hint and its actions; the subtitle and
+"Unsaved changes" as text; and presses the row, a menu item, Discard, Apply and the row's
+"Remove" through AT-SPI, each of which must show in the row's state or the file.
 Prints one line per failure and exits 1 if there was any.
 """
 import sys
@@ -12,6 +12,7 @@ import time
 
 import pyatspi
 
+ROW = "api.test, 127.0.0.1"
 failures = []
 
 
@@ -19,104 +20,91 @@ def check(ok, what):
     if not ok:
         failures.append(what)
         print("FAILED:", what)
+    return ok
+
+
+def until(condition, timeout=10):
+    """Polls `condition` until it gives something true; returns that, or None."""
+    deadline = time.time() + timeout
+    while True:
+        found = condition()
+        if found or time.time() > deadline:
+            return found or None
+        time.sleep(0.2)
 
 
 def walk(node, depth=0):
-    if node is None or depth > 40:
-        return
-    yield node
-    for i in range(node.childCount):
-        yield from walk(node.getChildAtIndex(i), depth + 1)
+    if node is not None and depth <= 40:
+        yield node
+        for i in range(node.childCount):
+            yield from walk(node.getChildAtIndex(i), depth + 1)
 
 
-def app():
+def first(predicate):
+    """The first node of Pinecove's tree that satisfies `predicate`, now."""
     desktop = pyatspi.Registry.getDesktop(0)
-    for i in range(desktop.childCount):
-        child = desktop.getChildAtIndex(i)
-        if child is not None and child.name.lower() == "pinecove":
-            return child
-    return None
-
-
-def find(predicate, timeout=10):
-    deadline = time.time() + timeout
-    while time.time() < deadline:
-        root = app()
-        if root is not None:
-            for node in walk(root):
+    for app in (desktop.getChildAtIndex(i) for i in range(desktop.childCount)):
+        if app is not None and app.name.lower() == "pinecove":
+            for node in walk(app):
                 try:
                     if predicate(node):
                         return node
                 except Exception:  # a node that went away while we looked
                     pass
-        time.sleep(0.2)
     return None
+
+
+def find(predicate):
+    return until(lambda: first(predicate))
 
 
 def named(name):
     return find(lambda n: n.name == name)
 
 
-def press(node):
+def row(checked):
+    return find(lambda n: n.name == ROW and n.getState().contains(pyatspi.STATE_CHECKED) == checked)
+
+
+def press(node, names=("press", "Press", "click")):
     action = node.queryAction()
-    names = [action.getName(i) for i in range(action.nActions)]
-    index = next((i for i, n in enumerate(names) if n in ("press", "Press", "click")), 0)
-    return action.doAction(index)
+    labels = [action.getName(i) for i in range(action.nActions)]
+    return action.doAction(next((i for i, n in enumerate(labels) if n in names), 0))
 
 
-def checked(node):
-    return node.getState().contains(pyatspi.STATE_CHECKED)
+def press_then(node, checked, what):
+    """Presses `node`; the row must then read checked or not."""
+    if check(node is not None, "no " + what):
+        press(node)
+        check(row(checked) is not None, "after %s the row does not read %s" %
+              (what, "checked" if checked else "unchecked"))
 
 
-def brings_row_back_on(node, what):
-    """Presses `node`; the switched-off row must read checked again. Returns the row."""
-    press(node)
-    row = find(lambda n: n.name == "api.test, 127.0.0.1" and checked(n))
-    check(row is not None, "%s through AT-SPI did not bring the row back on" % what)
-    return row
-
-
-row = named("api.test, 127.0.0.1")
-check(row is not None, "no row named 'api.test, 127.0.0.1'")
-if row is None:
+on = row(True)
+if not check(on is not None, "no checked row named %r" % ROW):
     sys.exit(1)
-check(row.description == "Toggles this entry on or off.", "hint: %r" % row.description)
-check(checked(row), "an enabled row is not checked")
-actions = row.queryAction()
-action_names = [actions.getName(i) for i in range(actions.nActions)]
-check("Remove" in action_names, "row actions: %r" % action_names)
+check(on.description == "Toggles this entry on or off.", "hint: %r" % on.description)
 check(named("1 active") is not None, "the subtitle '1 active' is not exposed")
 
-press(row)
+press_then(on, False, "a press on the row")
 check(named("Unsaved changes") is not None, "'Unsaved changes' is not exposed after a toggle")
-row = named("api.test, 127.0.0.1")
-check(row is not None and not checked(row), "the row still reads checked after its press")
-# A menu item pressed through AT-SPI: Refresh reloads the file, bringing the row back on.
 more = named("More actions")
-check(more is not None, "no 'More actions' button")
-if more is not None:
-    press(more)
-    refresh = find(lambda n: n.getRole() == pyatspi.ROLE_MENU_ITEM and n.name.startswith("Refresh"))
-    check(refresh is not None, "no Refresh item in the menu")
-    if refresh is not None:
-        row = brings_row_back_on(refresh, "Refresh")
-if row is not None:
-    press(row)
-discard = named("Discard")
-check(discard is not None, "no Discard button")
-if discard is not None:
-    row = brings_row_back_on(discard, "Discard")
-
-if row is not None:
-    press(row)
+if check(more is not None, "no 'More actions' button"):
+    press(more)  # Refresh reloads the file, bringing the row back on
+    press_then(find(lambda n: n.getRole() == pyatspi.ROLE_MENU_ITEM and n.name.startswith("Refresh")),
+               True, "Refresh in the menu")
+press_then(row(True), False, "a press on the row")
+press_then(named("Discard"), True, "Discard")
+press_then(row(True), False, "a press on the row")
 apply = named("Apply changes")
-check(apply is not None, "no 'Apply changes' button")
-if apply is not None:
+if check(apply is not None, "no 'Apply changes' button"):
     press(apply)
-    deadline = time.time() + 10
-    while time.time() < deadline and "# 127.0.0.1\tapi.test" not in open("/etc/hosts").read():
-        time.sleep(0.2)
-    check("# 127.0.0.1\tapi.test" in open("/etc/hosts").read(),
-          "Apply through AT-SPI did not write the switched-off line")
+    written = until(lambda: "# 127.0.0.1\tapi.test" in open("/etc/hosts").read())
+    check(written, "Apply through AT-SPI did not write the switched-off line")
+off = row(False)
+if check(off is not None, "no switched-off row after Apply"):
+    press(off, ("Remove",))
+    check(until(lambda: first(lambda n: n.name == ROW) is None, 3), "the row's Remove left it in the list")
+    check(named("Unsaved changes") is not None, "no 'Unsaved changes' after Remove")
 
 sys.exit(1 if failures else 0)
