@@ -36,15 +36,12 @@ cp /etc/hosts "$work/original-hosts"
 
 window=""
 app_pid=""
+mkdir -p "$shots"
 fail() {
     echo "FAILED: $*"
-    if [ -n "$app_pid" ] && ! kill -0 "$app_pid" 2>/dev/null; then
-        wait "$app_pid" && status=0 || status=$?
-        echo "Pinecove is no longer running (status $status); its last words: $(tail -n 5 "$work/app.log")"
-    fi
+    [ -z "$app_pid" ] || kill -0 "$app_pid" 2>/dev/null || echo "Pinecove has ended; its last words: $(tail -n 5 "$work/app.log")"
     # import waits for ever on a window that has gone (a crashed app's).
     if [ -n "$window" ] && xdotool getwindowgeometry "$window" >/dev/null 2>&1; then
-        mkdir -p "$shots"
         timeout 10 import -window "$window" "$shots/acceptance-$mode-failed.png" &&
             echo "The panel at the failure: $shots/acceptance-$mode-failed.png"
     fi
@@ -153,7 +150,6 @@ if [ "$mode" = sni ]; then
     echo "PASSED (sni): registered late, activated, menu, tooltip and icon follow the edit, window when the tray left"
     exit 0
 fi
-mkdir -p "$shots"
 # The panel is drawn: its header (the icon and "Pinecove") and its first rows show many
 # colours. A panel left undrawn is one colour (black, or see-through under a compositor).
 drawn() {
@@ -169,7 +165,6 @@ expect_drawn() {
     wait_for window_shown || fail "$1: no panel on screen ($(cat "$work/app.log"))"
     wait_for drawn || { cp "$work/drawn.png" "$shots/acceptance-$mode-undrawn.png" 2>/dev/null
         fail "$1: the panel is on screen but not drawn (see $shots/acceptance-$mode-undrawn.png)"; }
-    mkdir -p "$shots"
     cp "$work/drawn.png" "$shots/acceptance-$mode-$2.png"
 }
 if [[ $mode == late-tray* ]]; then
@@ -232,6 +227,5 @@ cmp -s "$(ls "$XDG_DATA_HOME"/Pinecove/Backups/hosts_* | head -n 1)" "$work/orig
     fail "the backup does not hold the old file"
 wait_for shorter_than "$dirty_height" || fail "the panel still shows unapplied changes"
 
-mkdir -p "$shots"
 import -window "$window" "$shots/acceptance-$mode.png"
 echo "PASSED ($mode): /etc/hosts ends with 127.0.0.1<TAB>myapp.test; screenshot $shots/acceptance-$mode.png"
