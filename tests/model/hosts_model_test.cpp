@@ -78,7 +78,7 @@ TEST(HostsParserTest, ReadsTypedText) {
 const std::string sample = "127.0.0.1 localhost\n"
                            "10.0.0.1 MyApp.test\n"
                            "#10.0.0.2 off.test\n"
-                           "10.0.0.3 b.test # keep\n";
+                           "10.0.0.3 b.test c.test # keep\n";
 
 TEST(HostsEditsTest, ToggleWritesTheLineFromItsRawText) {
     const std::vector<std::pair<std::string, std::string>> cases = {
@@ -105,6 +105,7 @@ TEST(HostsEditsTest, AddsOnlyNamesNoEntryHas) {
         {{"off.test"}, ""},
         {{"LOCALHOST"}, ""},
         {{"a.test", "b.test"}, "127.0.0.1\ta.test"},
+        {{"C.test", "d.test"}, "127.0.0.1\td.test"}, // a name not first on its line
         {{"n.test", "n.test"}, "127.0.0.1\tn.test n.test"},
     };
     for (const auto& [names, line] : cases) {

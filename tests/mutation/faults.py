@@ -137,4 +137,83 @@ FAULTS = [
      "locked = ::flock(lock.fd, LOCK_EX);", "locked = 0;"),
     ("helper-keeps-leftovers", "tools/pinecove-write-hosts/replace_hosts.cpp",
      "    removeLeftovers(etc);", "    (void)removeLeftovers;"),
+    # A second reader's faults, chosen by reading each file for its likeliest slip.
+    # The model: a name on a line of several names is not seen by add; a pending switch is lost
+    # when pinecovectl takes one name out of a shared line.
+    ("add-misses-names-on-shared-lines", "src/model/hosts_edits.cpp",
+     "if (names.size() == 1)", "if (!names.empty())"),
+    ("remove-name-forgets-pending-switch", "src/model/hosts_edits.cpp",
+     "replacement->setEnabled(entry->isEnabled());",
+     "replacement->setEnabled(entry->originalEnabled());"),
+    # The store: the apply sequence, apply with nothing to apply, the row a toggle announces, and
+    # long names that tie on their first sixteen key bytes.
+    ("apply-keeps-previous-error", "src/store/hosts_store.cpp",
+     "    setApplying(true);\n    setLastError(std::nullopt);\n", "    setApplying(true);\n"),
+    ("apply-with-nothing-to-apply-writes", "src/store/hosts_store.cpp",
+     "    if (isDirty())\n        applyText(serialized());", "    applyText(serialized());"),
+    ("toggled-row-announced-at-old-place", "src/store/hosts_store.cpp",
+     "emit customEntryChanged(moved->second);", "emit customEntryChanged(moved->first);"),
+    ("long-names-compared-only-when-both-long", "src/store/custom_order.cpp",
+     "a.name.size() > prefixBytes || b.name.size() > prefixBytes",
+     "a.name.size() > prefixBytes && b.name.size() > prefixBytes"),
+    # The writer: the macOS root script's exact lines and its AppleScript quoting, the helper's
+    # two sizes.
+    ("mac-script-mode-600", "src/writer/write_script.cpp",
+     "\"/bin/chmod 644 \\\"$T\\\"\",", "\"/bin/chmod 600 \\\"$T\\\"\","),
+    ("mac-script-without-set-e", "src/writer/write_script.cpp",
+     "std::array<std::string, 9> lines = {\n        \"set -e\",\n",
+     "std::array<std::string, 8> lines = {\n"),
+    ("helper-sizes-swapped", "src/writer/process_script_runner.cpp",
+     "QString::number(request.expected.size())\n"
+     "                  << QStringLiteral(\"--size\") << QString::number(request.text.size());",
+     "QString::number(request.text.size())\n"
+     "                  << QStringLiteral(\"--size\") << QString::number(request.expected.size());"),
+    ("apple-script-escapes-backslashes-last", "src/writer/write_script.cpp",
+     '    replaceAll(escaped, "\\\\", "\\\\\\\\");\n    replaceAll(escaped, "\\"", "\\\\\\"");',
+     '    replaceAll(escaped, "\\"", "\\\\\\"");\n    replaceAll(escaped, "\\\\", "\\\\\\\\");'),
+    # The root helper: its conflict check, and which text it checks is UTF-8.
+    ("helper-compares-only-sizes", "tools/pinecove-write-hosts/replace_hosts.cpp",
+     "(!current || *current != request.expected)",
+     "(!current || current->size() != request.expected.size())"),
+    ("helper-checks-utf8-of-loaded-text", "tools/pinecove-write-hosts/helper_request.cpp",
+     "if (!pinecove::isValidUtf8(request.text))", "if (!pinecove::isValidUtf8(request.expected))"),
+    # pinecovectl: add's "already resolves there", a name given twice, restore's newest backup.
+    ("ctl-add-counts-switched-off-line", "tools/pinecovectl/edits.cpp",
+     "return line.entry.isEnabled() && at(line.entry, address);",
+     "return at(line.entry, address);"),
+    ("ctl-add-keeps-repeated-name", "tools/pinecovectl/edits.cpp",
+     "                if (!listsAlready(fresh, name))\n                    fresh.push_back(name);\n"
+     "                continue;",
+     "                fresh.push_back(name);\n                continue;"),
+    ("ctl-restore-takes-oldest-backup", "tools/pinecovectl/ctl.cpp",
+     "path = QDir(backups_()).filePath(names.front());",
+     "path = QDir(backups_()).filePath(names.back());"),
+    # pinecove-inspect: the helper's command line names the loaded size twice.
+    ("inspect-script-size-of-loaded-text", "tools/pinecove-inspect/main.cpp",
+     "\" --size \" + std::to_string(text.size())", "\" --size \" + std::to_string(loaded.size())"),
+    # The panel's C++: a row moved down lands one short, the accessible Remove action, the value.
+    ("list-moved-down-one-row-short", "src/ui/entry_list_model.cpp",
+     "std::rotate(first + from, first + from + 1, first + to + 1);",
+     "std::rotate(first + from, first + from + 1, first + to);"),
+    ("accessible-remove-toggles", "src/ui/entry_row_accessible.cpp",
+     "EntryRowControl::removeAction) {\n        emit control()->removeRequested();",
+     "EntryRowControl::removeAction) {\n        emit control()->toggleRequested();"),
+    ("row-value-reads-loaded-state", "src/ui/entry_row_text.cpp",
+     "text.accessibleValue = entry.isEnabled() ? \"on\" : \"off\";",
+     "text.accessibleValue = entry.originalEnabled() ? \"on\" : \"off\";"),
+    # The panel's QML: the context menu's words and its Remove, the field after a refused add.
+    ("menu-turn-labels-swapped", "src/ui/qml/EntryRow.qml",
+     "text: row.enabled ? \"Turn Off\" : \"Turn On\"", "text: row.enabled ? \"Turn On\" : \"Turn Off\""),
+    ("menu-remove-toggles", "src/ui/qml/EntryRow.qml",
+     "onTriggered: row.remove()", "onTriggered: row.toggle()"),
+    ("input-cleared-when-nothing-added", "src/ui/qml/InputBar.qml",
+     "        if (parses && Store.add(field.text))\n            field.text = \"\";",
+     "        if (!parses)\n            return;\n        Store.add(field.text);\n"
+     "        field.text = \"\";"),
+    # The app and the platform: the popover over a bottom tray, the scheme from the palette.
+    ("popover-covers-bottom-tray-icon", "src/app/panel_window.cpp",
+     "bottomEdge_ = (anchor.isValid() ? anchor.top() : point.y()) - 4;",
+     "bottomEdge_ = (anchor.isValid() ? anchor.bottom() : point.y()) - 4;"),
+    ("dark-palette-read-as-light", "src/platform/color_scheme.cpp",
+     "lightness() < 128", "lightness() > 128"),
 ]

@@ -128,6 +128,27 @@ private slots:
         }
     }
 
+    // One store through a failure, a dismissed prompt and a success: each apply shows its own
+    // outcome only. With nothing to apply nothing runs, though a write would add the line feed.
+    void applyOutcomesInSequence() {
+        HostsFixture hosts("10.0.0.1 a.test");
+        const auto store = hosts.store();
+        applyToEnd(*store);
+        QVERIFY(hosts.runner->requests.empty());
+        store->toggle(store->customOrder().idAt(0));
+        const std::pair<ScriptRunner::Outcome, QString> steps[] = {
+            {ScriptRunner::Failed{"Disk full"}, "Disk full"},
+            {ScriptRunner::Failed{"User canceled. (-128)"}, ""},
+            {ScriptRunner::Succeeded{}, ""}};
+        for (const auto& [outcome, shown] : steps) {
+            hosts.runner->outcome = outcome;
+            applyToEnd(*store);
+            QCOMPARE(store->lastErrorText(), shown);
+        }
+        QCOMPARE(hosts.read(), "# 10.0.0.1 a.test\n");
+        QCOMPARE(hosts.runner->requests.size(), 3u);
+    }
+
     void backupsKeepTheNewestTwentyOfOurs() {
         for (const int existing : {19, 25})
             keepTheNewestTwentyOf(existing);

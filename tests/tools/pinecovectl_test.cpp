@@ -128,6 +128,10 @@ private slots:
                 "staging.test # off for now|+10.0.0.7\tone.test|+10.0.0.7\ttwo.test",
             "batch:add 10.0.0.7 one.test\n# set up\n\r\nset 10.0.0.7 two.test\r\n"
             "  remove\tweb.test\noff api.test --address 127.0.0.1\non staging.test");
+        row("batch, a name out of a line switched off", "batch FILE", 0,
+            "+# 10.0.0.5 web.test # shared",
+            "10.0.0.5 web.test\tadmin.test # shared=># 10.0.0.5 web.test # shared",
+            "batch:off web.test --whole-lines\nremove admin.test\n");
         row("batch bad operand", "batch FILE", 2, "line 2 of the batch: \"999.1.1.1\"", "",
             "batch:add a.test\nadd 999.1.1.1 b.test\n");
         row("batch refusal", "batch FILE", 1, "line 2 of the batch: web.test shares", "",

@@ -5,6 +5,7 @@
 #include "hosts_fixture.h"
 
 #include <QAbstractItemModelTester>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
 #include <random>
@@ -32,14 +33,18 @@ private slots:
         const auto idAt = [&](int row) {
             return custom.index(row).data(EntryListModel::IdRole).toString().toStdString();
         };
+        QSignalSpy changed(&custom, &QAbstractItemModel::dataChanged);
         std::mt19937 random(5);
         for (int step = 0; step < 300; ++step) {
             const int rows = custom.rowCount();
             const int action = static_cast<int>(random() % 10);
             const int row = rows > 0 ? static_cast<int>(random() % static_cast<unsigned>(rows)) : 0;
-            if (action < 5 && rows > 0)
-                store->toggle(*Uuid::fromString(idAt(row)));
-            else if (action < 7 && rows > 0)
+            if (action < 5 && rows > 0) {
+                const std::string id = idAt(row);
+                store->toggle(*Uuid::fromString(id));
+                // Announced where the row now stands, so a view redraws it there.
+                QCOMPARE(idAt(changed.takeLast().front().toModelIndex().row()), id);
+            } else if (action < 7 && rows > 0)
                 store->remove(*Uuid::fromString(idAt(row)));
             else if (action < 9)
                 store->add("10.0.0." + std::to_string(random() % 9), {"n" + std::to_string(step)});

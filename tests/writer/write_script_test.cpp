@@ -10,6 +10,19 @@ namespace {
 
 const std::string delimiter = "PINECOVE_EOF_0123456789ABCDEF0123456789ABCDEF";
 
+// What runs as root on macOS, line by line: a mode, an owner or a dropped line shows here.
+TEST(WriteScriptTest, TheRootScriptExactly) {
+    EXPECT_EQ(writeScript("127.0.0.1 a.test", "EOF_1"),
+              "set -e\n"
+              "T=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n"
+              "/bin/cat > \"$T\" <<'EOF_1'\n127.0.0.1 a.test\nEOF_1\n"
+              "/bin/chmod 644 \"$T\"\n"
+              "/usr/sbin/chown root:wheel \"$T\"\n"
+              "/bin/mv \"$T\" /etc/hosts\n"
+              "/usr/bin/dscacheutil -flushcache\n"
+              "/usr/bin/killall -HUP mDNSResponder 2>/dev/null || /usr/bin/true");
+}
+
 // AppleScript's string literal, read back: the command must carry the script unchanged.
 TEST(WriteScriptTest, AppleScriptCommandCarriesTheScriptOnOneLine) {
     const std::string script = writeScript("1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z' \r\n", delimiter);

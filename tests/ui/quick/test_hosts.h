@@ -3,6 +3,9 @@
 
 #include "hosts_fixture.h"
 
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QtQml/qqmlregistration.h>
 
 // Lets a QML test set the scene: the hosts file's text, and how the next writes go.
@@ -32,4 +35,13 @@ public:
     Q_INVOKABLE void holdWrites(bool hold) { hosts->runner->hold = hold; }
     Q_INVOKABLE void releaseWrite() { hosts->runner->release(); }
     Q_INVOKABLE int writesRequested() const { return int(hosts->runner->requests.size()); }
+    // A screen reader's named action on an item, through the item's accessible interface.
+    Q_INVOKABLE void accessibleAction(QObject* item, const QString& name) {
+        QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(name);
+    }
+    // The desktop's palette, as a change of theme sets it: dark windows, or the one at start.
+    Q_INVOKABLE void usePalette(bool dark) {
+        static const QPalette original = QGuiApplication::palette();
+        QGuiApplication::setPalette(dark ? QPalette(QColor(0x20, 0x20, 0x20)) : original);
+    }
 };

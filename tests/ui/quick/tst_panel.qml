@@ -202,6 +202,31 @@ TestCase {
         menu.close();
     }
 
+    // The row's menu names the switch it makes; its Remove removes, and so does a screen
+    // reader's "Remove" action.
+    function test_rowMenuAndRemoveAction() {
+        for (const [title, turn] of [["alpha.test", "Turn On"], ["beta.test", "Turn Off"]]) {
+            const r = row(title);
+            mouseClick(r, 20, r.height / 2, Qt.RightButton);
+            tryCompare(r.contextMenu, "opened", true);
+            compare(r.contextMenu.itemAt(0).text, turn);
+            if (title === "alpha.test")
+                mouseClick(r.contextMenu.itemAt(1));
+            else
+                r.contextMenu.close();
+        }
+        TestHosts.accessibleAction(named("mainControl", row("beta.test")), "Remove");
+        tryCompare(Store.customEntries, "count", 0);
+    }
+
+    // With no portal to ask (the test has no session bus), the scheme follows the palette.
+    function test_schemeFollowsThePalette() {
+        for (const dark of [true, false]) {
+            TestHosts.usePalette(dark);
+            tryCompare(Theme, "dark", dark);
+        }
+    }
+
     function test_typingPreviewsAndReturnAdds() {
         type("bad!name");
         compare(named("preview").visible, false);
