@@ -164,10 +164,8 @@ FAULTS = [
      "std::array<std::string, 9> lines = {\n        \"set -e\",\n",
      "std::array<std::string, 8> lines = {\n"),
     ("helper-sizes-swapped", "src/writer/process_script_runner.cpp",
-     "QString::number(request.expected.size())\n"
-     "                  << QStringLiteral(\"--size\") << QString::number(request.text.size());",
-     "QString::number(request.text.size())\n"
-     "                  << QStringLiteral(\"--size\") << QString::number(request.expected.size());"),
+     "requestArguments(request.expected.size(), request.text.size())",
+     "requestArguments(request.text.size(), request.expected.size())"),
     ("apple-script-escapes-backslashes-last", "src/writer/write_script.cpp",
      '    replaceAll(escaped, "\\\\", "\\\\\\\\");\n    replaceAll(escaped, "\\"", "\\\\\\"");',
      '    replaceAll(escaped, "\\"", "\\\\\\"");\n    replaceAll(escaped, "\\\\", "\\\\\\\\");'),
@@ -175,7 +173,7 @@ FAULTS = [
     ("helper-compares-only-sizes", "tools/pinecove-write-hosts/replace_hosts.cpp",
      "(!current || *current != request.expected)",
      "(!current || current->size() != request.expected.size())"),
-    ("helper-checks-utf8-of-loaded-text", "tools/pinecove-write-hosts/helper_request.cpp",
+    ("helper-checks-utf8-of-loaded-text", "src/helper_protocol/helper_request.cpp",
      "if (!pinecove::isValidUtf8(request.text))", "if (!pinecove::isValidUtf8(request.expected))"),
     # pinecovectl: add's "already resolves there", a name given twice, restore's newest backup.
     ("ctl-add-counts-switched-off-line", "tools/pinecovectl/edits.cpp",
@@ -190,7 +188,7 @@ FAULTS = [
      "path = QDir(backups_()).filePath(names.back());"),
     # pinecove-inspect: the helper's command line names the loaded size twice.
     ("inspect-script-size-of-loaded-text", "tools/pinecove-inspect/main.cpp",
-     "\" --size \" + std::to_string(text.size())", "\" --size \" + std::to_string(loaded.size())"),
+     "requestArguments(loaded.size(), text.size())", "requestArguments(loaded.size(), loaded.size())"),
     # The panel's C++: a row moved down lands one short, the accessible Remove action, the value.
     ("list-moved-down-one-row-short", "src/ui/entry_list_model.cpp",
      "std::rotate(first + from, first + from + 1, first + to + 1);",
