@@ -73,59 +73,63 @@ private slots:
         QCOMPARE(store->lastErrorText(), HostsStore::conflictMessage);
     }
 
+    void applyReportsEachOutcome_data() {
+        QTest::addColumn<QString>("change"); // what happens before or during the write
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<int>("writes");
+        QTest::addColumn<int>("backups");
+        const auto row = [](const char* change, const QString& shown, int writes, int backups) {
+            QTest::newRow(*change ? change : "written")
+                << QString::fromUtf8(change) << shown << writes << backups;
+        };
+        row("", "", 1, 1);
+        row("outside", HostsStore::conflictMessage, 0, 0);
+        row("no folder", "Could not create the backups folder", 0, 0);
+        row("same second", "", 1, 1); // taken by a folder: the backup's name gets "_02"
+        row("failed:User canceled. (-128)", "", 1, 1);
+        row("failed:Not authorized", "Not authorized", 1, 1);
+        row("not started:launch -128", "launch -128", 1, 1);
+        row("large", "The hosts file is unexpectedly large. Refusing to write.", 0, 1);
+    }
     void applyReportsEachOutcome() {
-        struct Case {
-            QString change; // what happens before or during the write
-            QString shown;
-            int writes;
-            int backups;
-        };
-        const Case cases[] = {
-            {"", "", 1, 1},
-            {"outside", HostsStore::conflictMessage, 0, 0},
-            {"no folder", "Could not create the backups folder", 0, 0},
-            {"same second", "", 1, 1}, // taken by a folder: the backup's name gets "_02"
-            {"failed:User canceled. (-128)", "", 1, 1},
-            {"failed:Not authorized", "Not authorized", 1, 1},
-            {"not started:launch -128", "launch -128", 1, 1},
-            {"large", "The hosts file is unexpectedly large. Refusing to write.", 0, 1},
-        };
-        for (const auto& [change, shown, writes, backups] : cases) {
-            std::string text = sample;
-            while (change == QLatin1String("large") && text.size() < 200'000)
-                text += "0.0.0.0 blocked" + std::to_string(text.size()) + ".example.com\n";
-            HostsFixture hosts(text);
-            const auto store = hosts.store();
-            store->toggle(store->customOrder().idAt(0));
-            const std::string edited = store->serialized();
-            if (change == QLatin1String("outside"))
-                hosts.write(text + "# another app was here\n");
-            if (change == QLatin1String("no folder")) {
-                QDir().mkpath(QFileInfo(hosts.backupsFolder()).path());
-                QFile(hosts.backupsFolder()).open(QIODevice::WriteOnly);
-            }
-            if (change == QLatin1String("same second"))
-                QDir().mkpath(hosts.backupsFolder() + '/' + Backups::fileName(hosts.now));
-            if (change.startsWith(QLatin1String("failed:")))
-                hosts.runner->outcome = ScriptRunner::Failed{change.mid(7).toStdString()};
-            if (change.startsWith(QLatin1String("not started:")))
-                hosts.runner->outcome = ScriptRunner::NotStarted{change.mid(12).toStdString()};
-            const std::string onDisk = hosts.read();
-            applyToEnd(*store);
-            const QString what = change + QStringLiteral(": ") + store->lastErrorText();
-            QVERIFY2(store->lastErrorText().contains(shown), qPrintable(what));
-            QVERIFY2(store->hasError() != shown.isEmpty(), qPrintable(what));
-            QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
-            QCOMPARE(hosts.backupCount(), backups);
-            QVERIFY(!store->isApplying());
-            const bool written = change.isEmpty() || change == QLatin1String("same second");
-            QCOMPARE(hosts.read(), written ? edited : onDisk);
-            QCOMPARE(store->isDirty(), !written); // a write is read back at once
-            if (written)
-                QCOMPARE(hosts.read(hosts.backupsFolder() + '/' +
-                                    Backups::names(hosts.backupsFolder()).front()),
-                         sample);
+        QFETCH(QString, change);
+        QFETCH(QString, shown);
+        QFETCH(int, writes);
+        QFETCH(int, backups);
+        std::string text = sample;
+        while (change == QLatin1String("large") && text.size() < 200'000)
+            text += "0.0.0.0 blocked" + std::to_string(text.size()) + ".example.com\n";
+        HostsFixture hosts(text);
+        const auto store = hosts.store();
+        store->toggle(store->customOrder().idAt(0));
+        const std::string edited = store->serialized();
+        if (change == QLatin1String("outside"))
+            hosts.write(text + "# another app was here\n");
+        if (change == QLatin1String("no folder")) {
+            QDir().mkpath(QFileInfo(hosts.backupsFolder()).path());
+            QFile(hosts.backupsFolder()).open(QIODevice::WriteOnly);
         }
+        if (change == QLatin1String("same second"))
+            QDir().mkpath(hosts.backupsFolder() + '/' + Backups::fileName(hosts.now));
+        if (change.startsWith(QLatin1String("failed:")))
+            hosts.runner->outcome = ScriptRunner::Failed{change.mid(7).toStdString()};
+        if (change.startsWith(QLatin1String("not started:")))
+            hosts.runner->outcome = ScriptRunner::NotStarted{change.mid(12).toStdString()};
+        const std::string onDisk = hosts.read();
+        applyToEnd(*store);
+        const QString what = change + QStringLiteral(": ") + store->lastErrorText();
+        QVERIFY2(store->lastErrorText().contains(shown), qPrintable(what));
+        QVERIFY2(store->hasError() != shown.isEmpty(), qPrintable(what));
+        QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
+        QCOMPARE(hosts.backupCount(), backups);
+        QVERIFY(!store->isApplying());
+        const bool written = change.isEmpty() || change == QLatin1String("same second");
+        QCOMPARE(hosts.read(), written ? edited : onDisk);
+        QCOMPARE(store->isDirty(), !written); // a write is read back at once
+        if (written)
+            QCOMPARE(hosts.read(hosts.backupsFolder() + '/' +
+                                Backups::names(hosts.backupsFolder()).front()),
+                     sample);
     }
 
     // One store through a failure, a dismissed prompt and a success: each apply shows its own
@@ -149,13 +153,13 @@ private slots:
         QCOMPARE(hosts.runner->requests.size(), 3u);
     }
 
-    void backupsKeepTheNewestTwentyOfOurs() {
-        for (const int existing : {19, 25})
-            keepTheNewestTwentyOf(existing);
+    void backupsKeepTheNewestTwentyOfOurs_data() {
+        QTest::addColumn<int>("existing");
+        QTest::newRow("19 before") << 19;
+        QTest::newRow("25 before") << 25;
     }
-
-private:
-    void keepTheNewestTwentyOf(int existing) {
+    void backupsKeepTheNewestTwentyOfOurs() {
+        QFETCH(int, existing);
         HostsFixture hosts("127.0.0.1 localhost\r\n\xC3\xA9 bytes as on disk");
         const QString folder = hosts.backupsFolder();
         QDir().mkpath(folder);
