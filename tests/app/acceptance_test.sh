@@ -117,8 +117,11 @@ steady() {
 }
 # Clicks into the input field at the bottom of the panel, as a user would, and adds myapp.test.
 add_in_panel() {
-    xdotool windowfocus "$window"
-    focused() { [ "$(xdotool getwindowfocus)" = "$window" ]; }
+    # A window manager may refuse the focus while it still maps the window: ask again.
+    focused() {
+        xdotool windowfocus "$window" 2>/dev/null || true
+        [ "$(xdotool getwindowfocus)" = "$window" ]
+    }
     wait_for focused || fail "the panel did not take the keyboard"
     xdotool mousemove --window "$window" 180 $(($(height) - 28)) click 1
     xdotool type --delay 40 "myapp.test"
