@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "process_script_runner.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QCoreApplication>
 #include <QTest>
 #include <fcntl.h>
 #include <memory>
@@ -44,31 +44,43 @@ class ProcessScriptRunnerTest : public QObject {
 private slots:
     // /bin/sh stands in for the runner, with the delivered text as $1; with pkexec's statuses
     // for a dismissed or refused prompt where told.
-    void readsTheOutcome() {
+    void readsTheOutcome_data() {
+        QTest::addColumn<QString>("behaviour");
+        QTest::addColumn<bool>("pkexec");
+        QTest::addColumn<QString>("outcome");
         const QString fallback = QStringLiteral("failed: Writing the hosts file failed.");
-        const std::tuple<QString, bool, QString> cases[] = {
-            {"echo 'ignored' >&2; exit 0", false, "ok"},
-            {"printf '\\n' >&2; exit 1", false, fallback},
-            {"printf '  some error\\n' >&2; exit 1", false, "failed: some error"},
-            {"printf 'bad \\377\\376\\n' >&2; exit 1", false, fallback},
-            {"kill -9 $$", false, fallback},
-            {"printf '%s' \"$1\" >&2; exit 2", false, "failed: a \"q\" \\ $x `y`"},
-            {"echo 'Not authorized' >&2; exit 126", true,
-             "failed: The administrator prompt was dismissed. (-128)"},
-            {"printf 'Error executing command as another user\\n\\nreported\\n' >&2; exit 127",
-             true, "failed: Not authorized to update the hosts file."},
-            {"printf 'Error executing command as another user: No authentication agent "
-             "found.\n' >&2; exit 127",
-             true, "failed: " + QString::fromUtf8(HelperProtocol::noAgentMessage)},
-            {"echo 'Disk full' >&2; exit 5", true, "failed: Disk full"},
+        const auto row = [](const char* name, const char* behaviour, bool pkexec,
+                            const QString& outcome) {
+            QTest::newRow(name) << QString::fromUtf8(behaviour) << pkexec << outcome;
         };
-        for (const auto& [behaviour, pkexec, outcome] : cases) {
-            ProcessScriptRunner runner(
-                QStringLiteral("/bin/sh"), {QStringLiteral("-c"), behaviour, QStringLiteral("sh")},
-                ProcessScriptRunner::Delivery::LastArgument, {},
-                pkexec ? std::optional(HelperProtocol::pkexecStatuses) : std::nullopt);
-            QCOMPARE(runToEnd(runner, WriteRequest{"a \"q\" \\ $x `y`", {}}), outcome);
-        }
+        row("success", "echo 'ignored' >&2; exit 0", false, "ok");
+        row("no words", "printf '\\n' >&2; exit 1", false, fallback);
+        row("trimmed words", "printf '  some error\\n' >&2; exit 1", false, "failed: some error");
+        row("not UTF-8", "printf 'bad \\377\\376\\n' >&2; exit 1", false, fallback);
+        row("killed", "kill -9 $$", false, fallback);
+        row("text as given", "printf '%s' \"$1\" >&2; exit 2", false, "failed: a \"q\" \\ $x `y`");
+        row("dismissed", "echo 'Not authorized' >&2; exit 126", true,
+            "failed: The administrator prompt was dismissed. (-128)");
+        row("refused",
+            "printf 'Error executing command as another user\\n\\nreported\\n' >&2; exit 127", true,
+            "failed: Not authorized to update the hosts file.");
+        row("no agent",
+            "printf 'Error executing command as another user: No authentication agent "
+            "found.\n' >&2; exit 127",
+            true, "failed: " + QString::fromUtf8(HelperProtocol::noAgentMessage));
+        row("helper's words", "echo 'Disk full' >&2; exit 5", true, "failed: Disk full");
+    }
+    void readsTheOutcome() {
+        QFETCH(QString, behaviour);
+        QFETCH(bool, pkexec);
+        QFETCH(QString, outcome);
+        ProcessScriptRunner runner(
+            QStringLiteral("/bin/sh"), {QStringLiteral("-c"), behaviour, QStringLiteral("sh")},
+            ProcessScriptRunner::Delivery::LastArgument, {},
+            pkexec ? std::optional(HelperProtocol::pkexecStatuses) : std::nullopt);
+        QCOMPARE(runToEnd(runner, WriteRequest{"a \"q\" \\ $x `y`", {}}), outcome);
+    }
+    void aMissingProgramIsNotStarted() {
         ProcessScriptRunner missing(QStringLiteral("/nonexistent/pkexec"), {},
                                     ProcessScriptRunner::Delivery::LastArgument);
         QVERIFY(runToEnd(missing, {}).startsWith("not started: /nonexistent/pkexec is missing"));
