@@ -19,10 +19,6 @@ namespace {
 
 constexpr int unbounded = (1 << 24) - 1; // Qt's largest window size
 
-bool onWayland() {
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
-
 } // namespace
 
 PanelWindow::PanelWindow(HostsStore& store, Style style)
@@ -125,7 +121,7 @@ void PanelWindow::present(const QRect& anchor) {
     // activation request only when it chooses to (sway marks the window urgent). A panel left on
     // another workspace, in the scratchpad or under the focused window therefore comes forward
     // as a new mapping, which the compositor puts where the user is and gives the keyboard.
-    if (isVisible() && !isActive() && onWayland())
+    if (isVisible() && !isActive() && compositorPlacesWindows())
         hide();
     if (!isVisible())
         placeUnder(anchor); // where the compositor lets a client place its window
@@ -134,6 +130,10 @@ void PanelWindow::present(const QRect& anchor) {
     show();
     raise();
     requestActivate();
+}
+
+bool PanelWindow::compositorPlacesWindows() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 bool PanelWindow::hidesToTray() const {

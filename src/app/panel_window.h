@@ -18,6 +18,9 @@ public:
     PanelWindow(HostsStore& store, Style style);
 
     Style style() const { return style_; }
+    // Wayland: the compositor alone places, raises and focuses windows, so a popover cannot open
+    // under the tray item, and a window is brought forward only by mapping it anew.
+    static bool compositorPlacesWindows();
     // Whether closing the window quits Pinecove: only while no tray icon can bring it back.
     void setCloseQuits(bool quits) { closeQuits_ = quits; }
     // Opens the popover under `anchor` (the tray item's rectangle, or a point), or closes it if

@@ -4,8 +4,6 @@
 #include "panel.h"
 #include "tray_item.h"
 
-#include <QGuiApplication>
-
 namespace {
 
 // How long a new icon may take to appear before the window comes back (or stays).
@@ -68,9 +66,9 @@ void TrayFollower::check() {
     if (shown && !iconShown_) {
         iconShown_ = true;
         panel_.setCloseQuits(false);
-        // A Wayland compositor places client windows itself, so a popover could not open
-        // under the item there: the panel stays the small floating window a click shows.
-        if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        // Where the compositor places windows the panel stays the small floating window a click
+        // shows.
+        if (!PanelWindow::compositorPlacesWindows()) {
             panel_.setStyle(PanelWindow::Style::Popover);
             panel_.hide();
         }
