@@ -25,9 +25,9 @@ fail() {
     grim "$shots/wayland-failed.png" 2>/dev/null && echo "The screen at the failure: $shots/wayland-failed.png"
     exit 1
 }
-trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$session"' EXIT
 # sway's folder must be the user nobody's, and reachable by it whatever holds $work.
 session=$(mktemp -d -p /tmp pinecove-sway.XXXXXX)
+remove+=("$session")
 chmod 711 "$session"
 install -d -o nobody -m 700 "$session/run"
 echo 'output HEADLESS-1 resolution 1280x800' >"$session/config"

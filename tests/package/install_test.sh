@@ -10,7 +10,8 @@
 # pinecovectl's own end-to-end run; each writes a private /etc/hosts.
 set -euo pipefail
 
-skip() { echo "SKIPPED: $*"; exit 77; }
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 
 if [ "${1:-}" != "--inside" ]; then
     source_dir=$1
@@ -20,9 +21,12 @@ if [ "${1:-}" != "--inside" ]; then
     lintian --fail-on error "$deb" | sed 's/^/  /'
     [ "$(id -u)" -eq 0 ] || skip "installing needs root, for a private mount namespace"
     unshare --mount true 2>/dev/null || skip "private mount namespaces are not allowed here"
+    # Not exec: this shell outlives the namespace to remove its overlays' upper folders, which
+    # hold the whole installed package.
     work=$(mktemp -d)
-    trap 'rm -rf "$work"' EXIT
-    exec unshare --mount --propagation private -- "$0" --inside "$deb" "$work" "$source_dir" "$2"
+    remove+=("$work")
+    unshare --mount --propagation private -- "$0" --inside "$deb" "$work" "$source_dir" "$2"
+    exit
 fi
 
 deb=$2

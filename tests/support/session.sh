@@ -29,8 +29,10 @@ background() {
     last=$!
     pids+=("$last")
 }
+# Folders to remove once everything has stopped.
+remove=()
 # Everything started is stopped and waited for, so that the next run starts alone.
-trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
+trap 'kill "${pids[@]}" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "${remove[@]}"' EXIT
 # A session bus of the test's own: no desktop's, no other program's.
 private_bus() {
     local bus

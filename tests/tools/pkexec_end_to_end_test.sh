@@ -9,14 +9,12 @@ set -euo pipefail
 ctl=$1
 helper=$2
 policy_template=$3
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 # shellcheck source=../support/private_etc.sh
 . "$(dirname "$0")/../support/private_etc.sh"
-for tool in pkexec dbus-daemon setpriv /usr/lib/polkit-1/polkitd; do
-    command -v "$tool" >/dev/null || [ -x "$tool" ] || { echo "SKIPPED: $tool is not installed"; exit 77; }
-done
-if [ -z "${PINECOVE_PRIVATE_WORK:-}" ]; then
-    id nobody >/dev/null 2>&1 || { echo "SKIPPED: the user nobody is needed"; exit 77; }
-fi
+need pkexec pkcheck dbus-daemon setpriv /usr/lib/polkit-1/polkitd
+id nobody >/dev/null 2>&1 || skip "the user nobody is needed"
 # The namespace's /etc starts as a copy of the real one: pkexec needs PAM, users and NSS.
 export PINECOVE_COPY_ETC=1
 in_private_etc "$@"
@@ -28,7 +26,7 @@ installed_helper=/usr/libexec/pinecove/pinecove-write-hosts
 mkdir -p "$work/actions" "$work/run-dbus" "$work/data" "$work/libexec/upper" "$work/libexec/work" "$work/bin"
 mount -t overlay overlay \
     -o "lowerdir=/usr/libexec,upperdir=$work/libexec/upper,workdir=$work/libexec/work" /usr/libexec ||
-    { echo "SKIPPED: overlay mounts are not allowed here"; exit 77; }
+    skip "overlay mounts are not allowed here"
 install -D -m 755 "$helper" "$installed_helper"
 install -m 755 "$ctl" "$work/bin/pinecovectl"
 ctl=$work/bin/pinecovectl
@@ -43,14 +41,20 @@ rule() {
 rule YES
 dbus-daemon --system --fork --print-pid >"$work/bus.pid"
 /usr/lib/polkit-1/polkitd --no-debug >"$work/polkitd.log" 2>&1 & # it drops to polkitd itself
-polkitd_pid=$!
-trap 'kill "$polkitd_pid" "$(cat "$work/bus.pid")" 2>/dev/null || true' EXIT
+pids+=($! "$(cat "$work/bus.pid")")
 polkit_up() {
     dbus-send --system --print-reply --dest=org.freedesktop.DBus / org.freedesktop.DBus.NameHasOwner \
         string:org.freedesktop.PolicyKit1 2>/dev/null | grep -q true
 }
-for _ in $(seq 50); do polkit_up && break; sleep 0.1; done
-polkit_up || { echo "SKIPPED: a private polkitd did not start here ($(cat "$work/polkitd.log"))"; exit 77; }
+wait_for polkit_up || skip "a private polkitd did not start here ($(cat "$work/polkitd.log"))"
+# answers STATUS: pkcheck, for the user, gives STATUS (0 yes, 1 no, 2 only with a password
+# prompt); polkitd rereads its rules a moment after they change.
+answers() {
+    local status=0
+    setpriv --reuid=nobody --regid=nogroup --clear-groups \
+        sh -c 'pkcheck --action-id io.pinecove.write-hosts --process $$' >/dev/null 2>&1 || status=$?
+    [ "$status" -eq "$1" ]
+}
 
 printf '127.0.0.1\tlocalhost\n' >/etc/hosts
 chmod 755 "$work"
@@ -65,12 +69,7 @@ as_user add myapp.test --quiet >"$work/out" 2>&1 || fail "authorised add: $(cat 
 [ "$(stat -c '%u:%g %a' /etc/hosts)" = "0:0 644" ] || fail "owner and mode: $(stat -c '%u:%g %a' /etc/hosts)"
 
 rule NO
-# polkitd rereads its rules when they change, a moment later.
-refused() {
-    ! setpriv --reuid=nobody --regid=nogroup --clear-groups \
-        sh -c 'pkcheck --action-id io.pinecove.write-hosts --process $$' >/dev/null 2>&1
-}
-for _ in $(seq 50); do refused && break; sleep 0.1; done
+wait_for answers 1 || fail "polkitd did not take the refusing rule"
 cp /etc/hosts "$work/before"
 status=0
 as_user remove myapp.test --quiet >"$work/out" 2>&1 || status=$?
@@ -82,15 +81,13 @@ cmp -s /etc/hosts "$work/before" || fail "a refused remove changed /etc/hosts"
 # A password is needed and no agent runs to ask for it (sway ships none): the message says so
 # and names a remedy, instead of calling it a refusal.
 rule AUTH_ADMIN
-no_agent_said() {
-    status=0
-    setsid --wait bash -c "$(declare -f as_user); ctl=$ctl work=$work as_user remove myapp.test --quiet" \
-        </dev/null >"$work/out" 2>&1 || status=$?
-    grep -q '^pinecovectl: No password prompt could be shown: no polkit authentication agent is running' "$work/out"
-}
-for _ in $(seq 50); do no_agent_said && break; sleep 0.2; done # until polkitd rereads its rules
+wait_for answers 2 || fail "polkitd did not take the rule that asks for a password"
+status=0
+setsid --wait bash -c "$(declare -f as_user); ctl=$ctl work=$work as_user remove myapp.test --quiet" \
+    </dev/null >"$work/out" 2>&1 || status=$?
 [ "$status" -eq 1 ] || fail "remove with no agent: status $status"
-no_agent_said || fail "remove with no agent said: $(cat "$work/out")"
+grep -q '^pinecovectl: No password prompt could be shown: no polkit authentication agent is running' "$work/out" ||
+    fail "remove with no agent said: $(cat "$work/out")"
 cmp -s /etc/hosts "$work/before" || fail "a remove with no agent changed /etc/hosts"
 
 [ "$failures" -eq 0 ] || exit 1
