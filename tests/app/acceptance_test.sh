@@ -97,6 +97,12 @@ fi
 # The tray icon's own window, once a tray shows it.
 tray_icon() { xdotool search --onlyvisible --class pinecove 2>/dev/null | while read -r w; do
     [ "$(xdotool getwindowgeometry --shell "$w" | sed -n 's/^WIDTH=//p')" -lt 100 ] && echo "$w"; done | head -n 1; }
+# The icon's geometry as X, Y, WIDTH, HEIGHT. A tray that has just embedded it may still swap
+# its window, so it is read until one answers.
+icon_place() { local icon; icon=$(tray_icon) && [ -n "$icon" ] &&
+    place=$(xdotool getwindowgeometry --shell "$icon" 2>/dev/null) && [ -n "$place" ]; }
+read_icon_place() { wait_for icon_place || fail "the tray icon went away"; eval "$place"; }
+click_icon() { read_icon_place; xdotool mousemove $((X + 5)) $((Y + 5)) click 1; }
 # The panel, not the tray item (which carries the same name): the window 360 wide.
 panel_window() {
     for candidate in $(xdotool search --onlyvisible --name '^Pinecove$' 2>/dev/null); do
@@ -138,8 +144,7 @@ if [ "$mode" = tray ]; then
     xdotool windowfocus --sync "$window" key Escape
     gone() { [ -z "$(panel_window)" ]; }
     wait_for gone || fail "Escape did not close the panel"
-    eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"
-    xdotool mousemove $((X + 5)) $((Y + 5)) click 1
+    click_icon
 fi
 wait_for window_shown || fail "no Pinecove window appeared ($(cat "$work/app.log"))"
 if [ "$mode" = sni ]; then
@@ -183,8 +188,7 @@ if [[ $mode == late-tray* ]]; then
     tray_pid=$last
     icon_only() { [ -n "$(tray_icon)" ] && [ -z "$(panel_window)" ]; }
     wait_for icon_only || fail "the late XEmbed tray did not take the item over from the window"
-    eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"
-    xdotool mousemove $((X + 5)) $((Y + 5)) click 1
+    click_icon
     expect_drawn "the popover from the late tray" 2-popover
     xdotool key Escape
     kill "$tray_pid"
@@ -218,7 +222,8 @@ wait_for steady
 dirty_height=$(height)
 if [ "$mode" = tray ]; then
     bottom() { eval "$(xdotool getwindowgeometry --shell "$1")"; echo $((Y + HEIGHT)); }
-    icon_top=$(eval "$(xdotool getwindowgeometry --shell "$(tray_icon)")"; echo "$Y")
+    read_icon_place
+    icon_top=$Y
     [ "$(bottom "$window")" -le "$icon_top" ] || fail "the grown panel covers the tray icon"
 fi
 xdotool key ctrl+Return
