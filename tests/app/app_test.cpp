@@ -72,31 +72,36 @@ private slots:
         QTRY_COMPARE(shown.count(), 1);
     }
 
-    // Without a tray the window is all of Pinecove: closing it quits. A popover only hides, and
-    // so does a window while a tray icon can bring it back (Wayland's floating panel); Escape
-    // and a second tray click hide those two as well.
+    // Without a tray the window is all of Pinecove: closing it quits, but with unapplied edits it
+    // asks first, and cancelling keeps Pinecove, its window and the edits. A popover only hides,
+    // and so does a window while a tray icon can bring it back (Wayland's floating panel);
+    // Escape and a second tray click hide those two as well.
     void closingQuitsOnlyWithoutATray_data() {
         QTest::addColumn<PanelWindow::Style>("style");
         QTest::addColumn<bool>("trayIcon");
+        QTest::addColumn<bool>("unsaved");
         QTest::addColumn<bool>("quits");
-        QTest::newRow("window, no tray") << PanelWindow::Style::Window << false << true;
-        QTest::newRow("popover") << PanelWindow::Style::Popover << true << false;
-        QTest::newRow("window with a tray") << PanelWindow::Style::Window << true << false;
+        QTest::newRow("window, no tray") << PanelWindow::Style::Window << false << false << true;
+        QTest::newRow("unsaved, cancelled") << PanelWindow::Style::Window << false << true << false;
+        QTest::newRow("popover") << PanelWindow::Style::Popover << true << false << false;
+        QTest::newRow("window with a tray") << PanelWindow::Style::Window << true << false << false;
     }
     void closingQuitsOnlyWithoutATray() {
         QFETCH(PanelWindow::Style, style);
         QFETCH(bool, trayIcon);
+        QFETCH(bool, unsaved);
         QFETCH(bool, quits);
         usePanelRenderer();
         HostsFixture hosts("127.0.0.1 myapp.test\n");
         const auto store = hosts.store();
+        QVERIFY(!unsaved || store->add("127.0.0.1", {"new.test"}));
         PanelWindow panel(*store, style);
         panel.setCloseQuits(!trayIcon);
         panel.present();
         QVERIFY(QTest::qWaitForWindowExposed(&panel));
         if (style == PanelWindow::Style::Window) // a fixed size, which tiling compositors float
             QCOMPARE(panel.minimumSize(), panel.maximumSize());
-        if (!quits) {
+        if (trayIcon) {
             QTest::keyClick(&panel, Qt::Key_Escape);
             QVERIFY(!panel.isVisible());
             panel.toggleAt({});
@@ -105,23 +110,6 @@ private slots:
             QVERIFY(!panel.isVisible());
             panel.present();
         }
-        QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
-        // Tied to this panel, so that it cannot end a later test's event loop.
-        QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
-        QCOMPARE(QCoreApplication::exec(), quits ? 0 : 2);
-        QVERIFY(!panel.isVisible());
-    }
-
-    // Without a tray, closing with unapplied edits asks first; cancelling keeps Pinecove, its
-    // window and the edits.
-    void closingWithUnappliedEditsAsksFirst() {
-        usePanelRenderer();
-        HostsFixture hosts("127.0.0.1 myapp.test\n");
-        const auto store = hosts.store();
-        QVERIFY(store->add("127.0.0.1", {"new.test"}));
-        PanelWindow panel(*store, PanelWindow::Style::Window);
-        panel.present();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
         QString asked;
         QTimer::singleShot(0, &panel, [&panel] { panel.close(); });
         QTimer::singleShot(300, &panel, [&asked] {
@@ -130,11 +118,12 @@ private slots:
                 box->reject();
             }
         });
-        QTimer::singleShot(1000, &panel, [] { QCoreApplication::exit(2); });
-        QCOMPARE(QCoreApplication::exec(), 2);
-        QVERIFY2(asked.contains(QStringLiteral("not been applied")), qPrintable(asked));
-        QVERIFY(panel.isVisible());
-        QVERIFY(store->isDirty());
+        // Tied to this panel, so that it cannot end a later test's event loop.
+        QTimer::singleShot(2000, &panel, [] { QCoreApplication::exit(2); });
+        QCOMPARE(QCoreApplication::exec(), quits ? 0 : 2);
+        QCOMPARE(panel.isVisible(), unsaved);
+        QCOMPARE(asked.contains(QStringLiteral("not been applied")), unsaved);
+        QCOMPARE(store->isDirty(), unsaved);
     }
 
     // A screen reader reads a row as on screen only while the list shows it.
@@ -187,26 +176,22 @@ private slots:
     void readsOnItsPanel() {
         QFETCH(QColor, panel);
         QFETCH(QColor, glyph);
-        for (const qreal ratio : {1.0, 2.0})
-            readsOn(panel, glyph, ratio);
-    }
-
-private:
-    void readsOn(const QColor& panel, const QColor& glyph, qreal ratio) {
-        for (const bool dirty : {false, true}) {
-            QImage image(qRound(18 * ratio), qRound(18 * ratio), QImage::Format_RGB32);
-            image.setDevicePixelRatio(ratio);
-            image.fill(panel);
-            QPainter(&image).drawImage(0, 0, MenuBarIcon::draw(dirty, ratio, glyph));
-            const double node = contrast(image.pixel(pixelOf({9, 13.8}, ratio)), panel.rgb());
-            QVERIFY2(node >= 3, qPrintable(QStringLiteral("node at %1:1").arg(node)));
-            const QPoint dot = pixelOf(MenuBarIcon::unsavedDot.center(), ratio);
-            QCOMPARE(contrast(image.pixel(dot), panel.rgb()) >= 3, dirty);
-            if (ratio == 2.0)
-                QVERIFY(image.scaled(image.size() * 4)
-                            .save(QStringLiteral(PINECOVE_SCREENSHOTS_DIR "/tray-icon-%1%2.png")
-                                      .arg(panel.name().mid(1),
-                                           dirty ? QStringLiteral("-dirty") : QString())));
+        for (const qreal ratio : {1.0, 2.0}) {
+            for (const bool dirty : {false, true}) {
+                QImage image(qRound(18 * ratio), qRound(18 * ratio), QImage::Format_RGB32);
+                image.setDevicePixelRatio(ratio);
+                image.fill(panel);
+                QPainter(&image).drawImage(0, 0, MenuBarIcon::draw(dirty, ratio, glyph));
+                const double node = contrast(image.pixel(pixelOf({9, 13.8}, ratio)), panel.rgb());
+                QVERIFY2(node >= 3, qPrintable(QStringLiteral("node at %1:1").arg(node)));
+                const QPoint dot = pixelOf(MenuBarIcon::unsavedDot.center(), ratio);
+                QCOMPARE(contrast(image.pixel(dot), panel.rgb()) >= 3, dirty);
+                if (ratio == 2.0)
+                    QVERIFY(image.scaled(image.size() * 4)
+                                .save(QStringLiteral(PINECOVE_SCREENSHOTS_DIR "/tray-icon-%1%2.png")
+                                          .arg(panel.name().mid(1),
+                                               dirty ? QStringLiteral("-dirty") : QString())));
+            }
         }
     }
 };

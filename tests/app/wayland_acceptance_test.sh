@@ -12,7 +12,7 @@ shots=$2
 
 # shellcheck source=../support/session.sh
 . "$(dirname "$0")/../support/session.sh"
-need sway swaymsg grim wtype convert dbus-daemon python3-gi
+need sway swaymsg jq grim wtype convert dbus-daemon python3-gi
 id nobody >/dev/null 2>&1 || skip "there is no user nobody to run sway as"
 # shellcheck source=../support/private_etc.sh
 . "$(dirname "$0")/../support/private_etc.sh"
@@ -50,18 +50,11 @@ pids+=($!)
 
 # The panel's window in sway's tree: "WORKSPACE FOCUSED X Y WIDTH HEIGHT", or nothing.
 panel() {
-    swaymsg -t get_tree | /usr/bin/python3 -c '
-import json, sys
-def walk(node, workspace):
-    workspace = node["name"] if node["type"] == "workspace" else workspace
-    if node.get("app_id") == "io.pinecove.Pinecove":
-        r = node["rect"]
-        print(workspace, node["focused"], r["x"], r["y"], r["width"], r["height"])
-    for child in node["nodes"] + node["floating_nodes"]:
-        walk(child, workspace)
-walk(json.load(sys.stdin), "")'
+    swaymsg -t get_tree | jq -r 'recurse(.nodes[]?, .floating_nodes[]?) | select(.type == "workspace")
+        | .name as $ws | recurse(.nodes[]?, .floating_nodes[]?) | select(.app_id == "io.pinecove.Pinecove")
+        | "\($ws) \(.focused) \(.rect.x) \(.rect.y) \(.rect.width) \(.rect.height)"'
 }
-shown_on() { read -r ws focused _ <<<"$(panel)" && [ "$ws" = "$1" ] && [ "$focused" = True ]; }
+shown_on() { read -r ws focused _ <<<"$(panel)" && [ "$ws" = "$1" ] && [ "$focused" = true ]; }
 hidden() { [ -z "$(panel)" ]; }
 registered() { [ -s "$work/items" ]; }
 # Drawn: the header and the first rows show many colours, as an undrawn surface does not.

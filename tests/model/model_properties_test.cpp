@@ -23,19 +23,38 @@ namespace {
 
 // Pieces that hosts files contain and that parsers get wrong: markers, separators, Unicode
 // spaces, carriage returns, zone ids, prose that looks like a mapping, bad names.
-// One string, "|" between pieces, so the list reads as a few lines rather than forty.
-const std::vector<std::string> fragments = [] {
-    const std::string all = "127.0.0.1|0.0.0.0|::1|fe80::1%lo0|10.0.0.5|999.1.1.1|localhost|"
-                            "broadcasthost|LocalHost|myapp.test|api.myapp.test|my_app|-bad|.bad|"
-                            "bad!name|is|the|router|#|##|# | |  |\t|\u00A0|\u3000|\u2003|\r|"
-                            "caf\u00e9|%|# note|#x";
-    std::vector<std::string> pieces;
-    for (std::size_t start = 0, bar; start <= all.size(); start = bar + 1) {
-        bar = std::min(all.find('|', start), all.size());
-        pieces.push_back(all.substr(start, bar - start));
-    }
-    return pieces;
-}();
+const std::vector<std::string> fragments = {"127.0.0.1",
+                                            "0.0.0.0",
+                                            "::1",
+                                            "fe80::1%lo0",
+                                            "10.0.0.5",
+                                            "999.1.1.1",
+                                            "localhost",
+                                            "broadcasthost",
+                                            "LocalHost",
+                                            "myapp.test",
+                                            "api.myapp.test",
+                                            "my_app",
+                                            "-bad",
+                                            ".bad",
+                                            "bad!name",
+                                            "is",
+                                            "the",
+                                            "router",
+                                            "#",
+                                            "##",
+                                            "# ",
+                                            " ",
+                                            "  ",
+                                            "\t",
+                                            "\u00A0",
+                                            "\u3000",
+                                            "\u2003",
+                                            "\r",
+                                            "caf\u00e9",
+                                            "%",
+                                            "# note",
+                                            "#x"};
 
 std::string randomText(std::mt19937& random) {
     std::string text;
@@ -100,47 +119,34 @@ TEST(EntryTableTest, AgreesWithAReferenceMapUnderRandomEdits) {
     EXPECT_EQ(table.find(Uuid::random()), nullptr);
 }
 
-std::string readBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-std::vector<fs::path> hostsFilesIn(const fs::path& dir) {
-    std::vector<fs::path> files;
-    for (const auto& item : fs::directory_iterator(dir))
-        if (item.path().extension() == ".hosts")
-            files.push_back(item.path());
+// Every .hosts file in `dir` keeps the model's promises; returns how many there were.
+std::size_t checkHostsFilesIn(const fs::path& dir) {
+    std::size_t files = 0;
+    for (const auto& item : fs::directory_iterator(dir)) {
+        if (item.path().extension() != ".hosts")
+            continue;
+        ++files;
+        std::ostringstream bytes;
+        bytes << std::ifstream(item.path(), std::ios::binary).rdbuf();
+        const std::string text = bytes.str();
+        EXPECT_TRUE(isValidUtf8(text)) << item.path();
+        const auto failure = checkModelInvariants(text);
+        EXPECT_FALSE(failure) << item.path() << ": " << failure.value_or("");
+    }
     return files;
 }
 
-void expectByteForByte(const std::vector<fs::path>& files) {
-    for (const fs::path& file : files) {
-        SCOPED_TRACE(file.filename().string());
-        const std::string text = readBytes(file);
-        ASSERT_TRUE(isValidUtf8(text));
-        const auto failure = test::checkModelInvariants(text);
-        EXPECT_FALSE(failure) << *failure;
-    }
-}
-
-// The project's own sample files.
 TEST(CorpusRoundTripTest, OwnSamplesSurviveByteForByte) {
-    const std::vector<fs::path> files = hostsFilesIn(PINECOVE_TEST_DATA_DIR);
-    ASSERT_GE(files.size(), 6u);
-    expectByteForByte(files);
+    EXPECT_GE(checkHostsFilesIn(PINECOVE_TEST_DATA_DIR), 6u);
 }
 
 // Real-world files kept beside the clone, where there are any: reported as skipped otherwise.
 TEST(CorpusRoundTripTest, ExtraCorpusSurvivesByteForByte) {
     const fs::path dir = PINECOVE_CORPUS_DIR;
-    const std::vector<fs::path> files =
-        fs::is_directory(dir) ? hostsFilesIn(dir) : std::vector<fs::path>{};
-    if (files.empty())
+    const std::size_t files = fs::is_directory(dir) ? checkHostsFilesIn(dir) : 0;
+    if (files == 0)
         GTEST_SKIP() << "no extra corpus at " << dir << ": only the project's own files ran";
-    std::cout << "extra corpus: " << files.size() << " files from " << dir << '\n';
-    expectByteForByte(files);
+    std::cout << "extra corpus: " << files << " files from " << dir << '\n';
 }
 
 } // namespace

@@ -11,20 +11,20 @@ namespace pinecove::test {
 
 namespace {
 
-std::vector<Uuid> customIds(const HostsDocument& document) {
-    std::vector<Uuid> ids;
-    for (const Uuid& id : document.order)
-        if (const HostEntry* entry = document.entries.find(id); entry && !entry->isSystem())
-            ids.push_back(id);
-    return ids;
-}
-
 std::vector<const HostEntry*> entriesInOrder(const HostsDocument& document) {
     std::vector<const HostEntry*> entries;
     for (const Uuid& id : document.order)
         if (const HostEntry* entry = document.entries.find(id))
             entries.push_back(entry);
     return entries;
+}
+
+std::vector<Uuid> customIds(const HostsDocument& document) {
+    std::vector<Uuid> ids;
+    for (const HostEntry* entry : entriesInOrder(document))
+        if (!entry->isSystem())
+            ids.push_back(entry->id());
+    return ids;
 }
 
 bool sameMapping(const HostEntry& a, const HostEntry& b) {

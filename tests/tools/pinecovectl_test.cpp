@@ -50,8 +50,8 @@ class PinecovectlTest : public QObject {
 private slots:
     // One row a command line, split at spaces: "␣" stands for a space inside a word, a word ""
     // for an empty one, "FILE" for the batch file written from `setup` ("batch:TEXT"). Other
-    // setups: "conflict", "dismissed" and "again" (the write's outcome), "large" (a file near the
-    // limit), "latin1" (a file that is not UTF-8).
+    // setups: "failed:MESSAGE" (the runner's answer), "large" (a file near the limit), "latin1"
+    // (a file that is not UTF-8).
     void commands_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("setup");
@@ -59,8 +59,8 @@ private slots:
         QTest::addColumn<QString>("said");
         QTest::addColumn<QString>("changes"); // see edited(); empty: the file is left as it is
         const auto row = [](const char* name, const char* line, int status, const char* said,
-                            const QString& changes = {}, const char* setup = "") {
-            QTest::newRow(name) << QString::fromUtf8(line) << QString::fromUtf8(setup) << status
+                            const QString& changes = {}, const QString& setup = {}) {
+            QTest::newRow(name) << QString::fromUtf8(line) << setup << status
                                 << QString::fromUtf8(said) << changes;
         };
         const QString apiOff = "127.0.0.1 Api.test=># 127.0.0.1 Api.test";
@@ -144,9 +144,11 @@ private slots:
         row("dry run", "add x.test --dry-run --changed-exit 3", 3, "+127.0.0.1\tx.test");
         row("dry run, too large", "add 10.0.0.7 big.test --dry-run", 1,
             "would be 200004 bytes; Pinecove writes at most 199999", "", "large");
-        row("conflict", "add x.test", 1, "changed while pinecovectl", "", "conflict");
-        row("dismissed", "add x.test", 1, "Cancelled", "", "dismissed");
-        row("panel wording", "add x.test", 1, "Install it and run the command again.", "", "again");
+        row("conflict", "add x.test", 1, "changed while pinecovectl", "",
+            "failed:" + HostsStore::conflictMessage);
+        row("dismissed", "add x.test", 1, "Cancelled", "", "failed:Request dismissed (-128)");
+        row("panel wording", "add x.test", 1, "Install it and run the command again.", "",
+            "failed:Install it and apply again.");
         row("not UTF-8", "list", 1, "is not UTF-8 text", "", "latin1");
         row("quiet", "remove api.test --quiet", 0, "Wrote /etc/hosts", "127.0.0.1 Api.test=>");
         row("after --", "remove -- api.test", 0, "", "127.0.0.1 Api.test=>");
@@ -175,17 +177,12 @@ private slots:
         std::string start = sample;
         while (setup == QLatin1String("large") && start.size() < 199'985)
             start += "#";
-        HostsFixture hosts(start);
-        if (setup == QLatin1String("conflict"))
-            hosts.runner->outcome = ScriptRunner::Failed{HostsStore::conflictMessage.toStdString()};
-        if (setup == QLatin1String("again"))
-            hosts.runner->outcome = ScriptRunner::Failed{"Install it and apply again."};
-        if (setup == QLatin1String("latin1")) {
+        if (setup == QLatin1String("latin1"))
             start += "# caf\xe9\n";
-            hosts.write(start);
-        }
-        if (setup == QLatin1String("dismissed"))
-            hosts.runner->outcome = ScriptRunner::Failed{"Request dismissed (-128)"};
+        HostsFixture hosts(start);
+        const bool ran = setup.startsWith(QLatin1String("failed:"));
+        if (ran)
+            hosts.runner->outcome = ScriptRunner::Failed{setup.mid(7).toStdString()};
         QStringList words = line.split(QLatin1Char(' '));
         for (QString& word : words) {
             word.replace(QStringLiteral("␣"), QStringLiteral(" "));
@@ -208,8 +205,6 @@ private slots:
         QCOMPARE(hosts.read(), expected);
         // One backup and one run of the runner for each write (also one the runner then failed),
         // none for a dry run.
-        const bool ran = setup == QLatin1String("conflict") ||
-                         setup == QLatin1String("dismissed") || setup == QLatin1String("again");
         const int writes = changes.isEmpty() && !ran ? 0 : 1; // a batch's too: one prompt
         QCOMPARE(hosts.backupCount(), writes);
         QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
