@@ -89,11 +89,8 @@ for i in $(seq "$writers"); do
 done
 for k in $(seq 0 $((writers - 1))); do
     head -n $((1 + 2 * k)) /etc/hosts >"$work/predecessor"
-    found=no
-    for backup in "$work"/user*/Pinecove/Backups/hosts_*; do
-        cmp -s "$backup" "$work/predecessor" && found=yes
-    done
-    [ "$found" = yes ] || fail "no backup holds /etc/hosts as it was before write $((k + 1))"
+    for backup in "$work"/user*/Pinecove/Backups/hosts_*; do cmp -s "$backup" "$work/predecessor" && continue 2; done
+    fail "no backup holds /etc/hosts as it was before write $((k + 1))"
 done
 echo "$writers writers of different users behind a held lock: all landed after $(all_backups) tries"
 
