@@ -48,6 +48,21 @@ TestCase {
         mouseClick(named("mainControl", row(title)));
     }
 
+    // Whether a row shows whole in the list's visible part.
+    function inView(item) {
+        const at = item.mapToItem(named("entryList"), 0, 0);
+        return at.y >= 0 && at.y + item.height <= named("entryList").height;
+    }
+
+    // The title of the row with the keyboard, which must be in view, or the control's name.
+    function focused() {
+        const f = panel.Window.activeFocusItem;
+        if (f.objectName !== "mainControl")
+            return f.objectName;
+        verify(inView(f), "out of view: " + f.parent.parent.title);
+        return f.parent.parent.title;
+    }
+
     function type(text) {
         named("inputField").forceActiveFocus();
         for (const c of text)
@@ -136,13 +151,6 @@ TestCase {
     // Twice round the loop each way: every control and the rows take focus, in visual order,
     // and the focused thing is in view.
     function test_tabFollowsTheVisualOrderWithAVisibleRing() {
-        const focusName = () => {
-            const f = panel.Window.activeFocusItem;
-            const list = named("entryList");
-            const at = f.mapToItem(list, 0, 0);
-            verify(!list.contains(Qt.point(at.x, at.y)) || (at.y >= 0 && at.y + f.height <= list.height), "out of view: " + f.objectName);
-            return f.objectName === "mainControl" ? f.parent.parent.title : f.objectName;
-        };
         clickRow("beta.test"); // unsaved: the apply bar shows
         named("moreActions").forceActiveFocus(Qt.TabFocusReason);
         const loop = ["alpha.test", "systemToggle", "discardButton", "applyButton", "inputField", "moreActions"];
@@ -150,13 +158,13 @@ TestCase {
             const order = [];
             for (let i = 0; i < expected.length; ++i) {
                 keyClick(key);
-                order.push(focusName());
+                order.push(focused());
             }
             compare(order, expected);
         }
         keyClick(Qt.Key_Tab);
         keyClick(Qt.Key_Down);
-        compare(focusName(), "beta.test");
+        compare(focused(), "beta.test");
         const edge = row("beta.test").mapToItem(panel, 2, row("beta.test").height / 2);
         const seen = grabImage(panel).pixel(edge.x, edge.y);
         verify(Math.abs(seen.r - Theme.focus.r) + Math.abs(seen.g - Theme.focus.g) + Math.abs(seen.b - Theme.focus.b) < 0.1, "ring drawn: " + seen);
@@ -169,30 +177,23 @@ TestCase {
             text += "127.0.0.1 host" + i + ".test\n";
         TestHosts.reset(text);
         panel.appeared();
-        const list = named("entryList");
-        const inView = () => {
-            const f = panel.Window.activeFocusItem;
-            const at = f.mapToItem(list, 0, 0);
-            return f.objectName === "mainControl" && at.y >= 0 && at.y + f.height <= list.height;
-        };
         named("moreActions").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Tab);
         for (const [key, times, title] of [[Qt.Key_Down, 20, "host30.test"], [Qt.Key_End, 1, "host39.test"], [Qt.Key_Home, 1, "host10.test"], [Qt.Key_PageDown, 1, null]]) {
             for (let i = 0; i < times; ++i)
                 keyClick(key);
-            tryVerify(inView, 1000, "focus out of view after key " + key);
+            tryVerify(() => panel.Window.activeFocusItem.objectName === "mainControl" && inView(panel.Window.activeFocusItem), 1000, "focus out of view after key " + key);
             if (title)
-                compare(panel.Window.activeFocusItem.parent.parent.title, title);
+                compare(focused(), title);
         }
         type("host99.test");
         keyClick(Qt.Key_Return);
-        tryVerify(() => {
-                const r = row("host99.test");
-                return r && r.mapToItem(list, 0, 0).y >= 0 && r.mapToItem(list, 0, r.height).y <= list.height;
-            }, 2000, "the new entry is out of view");
+        tryVerify(() => row("host99.test") && inView(row("host99.test")), 2000, "the new entry is out of view");
     }
 
-    function test_moreActionsMenuFitsInsideThePanel() {
+    // More actions fits inside the panel and shows its shortcuts. The row's menu names the
+    // switch it makes; its Remove removes, and so does a screen reader's "Remove" action.
+    function test_menus() {
         mouseClick(named("moreActions"));
         const menu = named("moreActions").menu;
         tryCompare(menu, "opened", true);
@@ -200,11 +201,6 @@ TestCase {
         verify(left >= 0 && left + menu.width <= panel.width, "menu at " + left + ", " + menu.width + " wide");
         compare([menu.itemAt(0).hint, menu.itemAt(4).hint], ["Ctrl+R", "Ctrl+Q"]);
         menu.close();
-    }
-
-    // The row's menu names the switch it makes; its Remove removes, and so does a screen
-    // reader's "Remove" action.
-    function test_rowMenuAndRemoveAction() {
         for (const [title, turn] of [["alpha.test", "Turn On"], ["beta.test", "Turn Off"]]) {
             const r = row(title);
             mouseClick(r, 20, r.height / 2, Qt.RightButton);
