@@ -124,8 +124,7 @@ if [ "$mode" = tray ]; then
     # The item sits in the tray (it shows once Pinecove listens for later starts); a second
     # start asks the running Pinecove to open its panel. Closed with Escape, it opens again
     # from a click on the icon, above it, as the tray is at the bottom.
-    has_icon() { [ -n "$(tray_icon)" ]; }
-    wait_for has_icon || fail "no tray item appeared"
+    wait_for icon_place || fail "no tray item appeared"
     "$app" || fail "the second start did not hand over"
     wait_for window_shown || fail "the second start did not open the panel"
     xdotool windowfocus --sync "$window" key Escape

@@ -21,40 +21,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Pieces that hosts files contain and that parsers get wrong: markers, separators, Unicode
-// spaces, carriage returns, zone ids, prose that looks like a mapping, bad names.
-const std::vector<std::string> fragments = {"127.0.0.1",
-                                            "0.0.0.0",
-                                            "::1",
-                                            "fe80::1%lo0",
-                                            "10.0.0.5",
-                                            "999.1.1.1",
-                                            "localhost",
-                                            "broadcasthost",
-                                            "LocalHost",
-                                            "myapp.test",
-                                            "api.myapp.test",
-                                            "my_app",
-                                            "-bad",
-                                            ".bad",
-                                            "bad!name",
-                                            "is",
-                                            "the",
-                                            "router",
-                                            "#",
-                                            "##",
-                                            "# ",
-                                            " ",
-                                            "  ",
-                                            "\t",
-                                            "\u00A0",
-                                            "\u3000",
-                                            "\u2003",
-                                            "\r",
-                                            "caf\u00e9",
-                                            "%",
-                                            "# note",
-                                            "#x"};
+// Pieces that hosts files contain and that parsers get wrong.
+const std::vector<std::string> fragments = {
+    // Addresses, names good and bad, and prose that looks like a mapping.
+    "127.0.0.1", "0.0.0.0", "::1", "fe80::1%lo0", "10.0.0.5", "999.1.1.1", "localhost",
+    "broadcasthost", "LocalHost", "myapp.test", "api.myapp.test", "my_app", "-bad", ".bad",
+    "bad!name", "is", "the", "router",
+    // Markers, separators, Unicode spaces, a carriage return, a zone id's sign.
+    "#", "##", "# ", " ", "  ", "\t", "\u00A0", "\u3000", "\u2003", "\r", "caf\u00e9", "%",
+    "# note", "#x"};
 
 std::string randomText(std::mt19937& random) {
     std::string text;
@@ -74,8 +49,9 @@ TEST(ModelPropertiesTest, HoldForRandomTexts) {
     std::mt19937 random(20261122);
     for (int i = 0; i < 20000; ++i) {
         const std::string text = randomText(random);
-        const auto failure = checkModelInvariants(text);
-        ASSERT_FALSE(failure) << *failure << "\nfor the text:\n" << ::testing::PrintToString(text);
+        for (const auto& failure : {checkModelInvariants(text), checkTypedInputInvariants(text)})
+            ASSERT_FALSE(failure) << *failure << "\nfor the text:\n"
+                                  << ::testing::PrintToString(text);
     }
 }
 

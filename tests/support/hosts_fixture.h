@@ -4,6 +4,8 @@
 #include "hosts_store.h"
 #include "script_runner.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <memory>
@@ -44,13 +46,29 @@ private:
 class HostsFixture {
 public:
     explicit HostsFixture(const std::string& text = {}) { write(text); }
-    HostsStore::Environment environment();
+    HostsStore::Environment environment() {
+        // Each apply a second later than the one before, so each gets a backup of its own.
+        return {.hostsPath = hostsPath(),
+                .backupsFolder = [folder = backupsFolder()] { return folder; },
+                .clock = [this] { return std::exchange(now, now.addSecs(1)); },
+                .runner = runner,
+                .locale = {}};
+    }
     std::unique_ptr<HostsStore> store() { return std::make_unique<HostsStore>(environment()); }
     QString hostsPath() const { return dir_.filePath(QStringLiteral("hosts")); }
     QString backupsFolder() const { return dir_.filePath(QStringLiteral("Pinecove/Backups")); }
-    void write(const std::string& text) const;
-    std::string read(const QString& path = {}) const; // the hosts file unless told
-    int backupCount() const;
+    void write(const std::string& text) const {
+        QFile file(hostsPath());
+        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            file.write(text.data(), static_cast<qint64>(text.size()));
+    }
+    std::string read(const QString& path = {}) const { // the hosts file unless told
+        QFile file(path.isEmpty() ? hostsPath() : path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "<unreadable>";
+    }
+    int backupCount() const {
+        return static_cast<int>(QDir(backupsFolder()).entryList(QDir::Files).size());
+    }
 
     std::shared_ptr<FakeScriptRunner> runner =
         std::make_shared<FakeScriptRunner>([this](const std::string& text) { write(text); });

@@ -19,13 +19,12 @@ QString runToEnd(ScriptRunner& runner, const WriteRequest& request) {
     // Shared with the callback: a run that outlives the wait must not write into a gone frame.
     const auto outcomes = std::make_shared<QStringList>();
     runner.run(request, [outcomes](ScriptRunner::Outcome outcome) {
-        if (std::holds_alternative<ScriptRunner::Succeeded>(outcome))
-            *outcomes << QStringLiteral("ok");
         if (const auto* failed = std::get_if<ScriptRunner::Failed>(&outcome))
-            *outcomes << QStringLiteral("failed: ") + QString::fromStdString(failed->message);
-        if (const auto* notStarted = std::get_if<ScriptRunner::NotStarted>(&outcome))
-            *outcomes << QStringLiteral("not started: ") +
-                             QString::fromStdString(notStarted->message);
+            *outcomes << "failed: " + QString::fromStdString(failed->message);
+        else if (const auto* notStarted = std::get_if<ScriptRunner::NotStarted>(&outcome))
+            *outcomes << "not started: " + QString::fromStdString(notStarted->message);
+        else
+            *outcomes << QStringLiteral("ok");
     });
     if (!outcomes->isEmpty())
         return QStringLiteral("completed before returning");

@@ -35,9 +35,12 @@ public:
     Q_INVOKABLE void holdWrites(bool hold) { hosts->runner->hold = hold; }
     Q_INVOKABLE void releaseWrite() { hosts->runner->release(); }
     Q_INVOKABLE int writesRequested() const { return int(hosts->runner->requests.size()); }
-    // A screen reader's named action on an item, through the item's accessible interface.
+    // What a screen reader does and reads, through the item's accessible interface.
     Q_INVOKABLE void accessibleAction(QObject* item, const QString& name) {
         QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(name);
+    }
+    Q_INVOKABLE bool readAsOffscreen(QObject* item) const {
+        return QAccessible::queryAccessibleInterface(item)->state().offscreen;
     }
     // The desktop's palette, as a change of theme sets it: dark windows, or the one at start.
     Q_INVOKABLE void usePalette(bool dark) {
