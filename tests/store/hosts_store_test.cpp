@@ -38,24 +38,6 @@ private slots:
     // A failed test may leave a queued completion behind; run it while its runner exists.
     void cleanup() { QCoreApplication::processEvents(); }
 
-    // Each change announces whether the text now differs from the file; undoing is clean. Ids
-    // from an earlier load and system entries change nothing.
-    void undoingAnEditIsClean() {
-        HostsFixture hosts(sample);
-        const auto store = hosts.store();
-        QSignalSpy dirty(store.get(), &HostsStore::dirtyChanged);
-        const Uuid stale = store->customOrder().idAt(2);
-        store->toggle(stale);
-        store->toggle(stale);
-        QCOMPARE(dirty, (QList<QVariantList>{{true}, {false}}));
-        store->load();
-        for (const Uuid& id : {stale, store->systemEntries().front().id()}) {
-            store->toggle(id);
-            store->remove(id);
-        }
-        QVERIFY(!store->isDirty());
-    }
-
     void applyReportsEachOutcome_data() {
         QTest::addColumn<QString>("change"); // what happens before or during the write
         QTest::addColumn<QString>("shown");
