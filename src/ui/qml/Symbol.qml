@@ -17,7 +17,10 @@ Item {
 
     Image {
         anchors.fill: parent
-        source: "image://symbol/" + symbol.name + "/" + symbol.tint
+        // toString() spelled out: Qt 6.4's compiled binding turned the colour into text through
+        // a value its garbage collector could free during the call, and the panel crashed now
+        // and then. This binding is left to the interpreter, which keeps the value alive.
+        source: "image://symbol/" + symbol.name + "/" + symbol.tint.toString()
         sourceSize.width: Math.ceil(symbol.size * 3)
         sourceSize.height: Math.ceil(symbol.size * 3)
         fillMode: Image.PreserveAspectFit
