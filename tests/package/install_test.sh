@@ -49,12 +49,10 @@ exec_path=$(xmllint --xpath 'string(//annotate[@key="org.freedesktop.policykit.e
 desktop-file-validate /usr/share/applications/io.pinecove.Pinecove.desktop
 appstreamcli validate --no-net --pedantic /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml >/dev/null ||
     fail "$(appstreamcli validate --no-net /usr/share/metainfo/io.pinecove.Pinecove.metainfo.xml)"
-for page in pinecove pinecove-inspect pinecovectl; do
-    [ -f "/usr/share/man/man1/$page.1.gz" ] || fail "no man page $page(1)"
-done
-[ -f /usr/share/bash-completion/completions/pinecovectl ] || fail "no bash completion for pinecovectl"
-for name in io.pinecove.Pinecove-symbolic io.pinecove.Pinecove-unsaved-symbolic; do
-    [ -f "/usr/share/icons/hicolor/symbolic/apps/$name.svg" ] || fail "no symbolic tray icon $name"
+for file in /usr/share/man/man1/{pinecove,pinecove-inspect,pinecovectl}.1.gz \
+    /usr/share/bash-completion/completions/pinecovectl \
+    /usr/share/icons/hicolor/symbolic/apps/io.pinecove.Pinecove{,-unsaved}-symbolic.svg; do
+    [ -f "$file" ] || fail "not installed: $file"
 done
 answer=$(/usr/bin/pinecove-inspect --input myapp.test)
 [ "$answer" = '{"ip":"127.0.0.1","hosts":["myapp.test"]}' ] || fail "pinecove-inspect said $answer"

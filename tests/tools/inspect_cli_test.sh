@@ -10,8 +10,10 @@ failures=0
 expect() {
     local status=$1 said=$2 input=$3 out got
     shift 3
+    # The here-document's delimiter is random: one name stands for it.
     out=$(printf '%s' "$input" | "$inspect" "$@" 2>&1)
     got=$?
+    out=$(sed -E 's/PINECOVE_EOF_[0-9A-F]{32}/EOF/g' <<<"$out")
     if [ "$got" != "$status" ] || [[ "$out" != *"$said"* ]]; then
         printf 'FAILED: pinecove-inspect %s: status %s, said:\n%s\n' "$*" "$got" "$out"
         failures=$((failures + 1))
@@ -27,7 +29,12 @@ expect 0 $'127.0.0.1 localhost\n# 127.0.0.1 on.test\n10.0.0.1 off.test # n' \
 expect 0 '{"ip":"127.0.0.1","hosts":["myapp.test"]}' '' --input "${nbsp}myapp.test${nbsp}"
 expect 0 'null' '' --input 10.0.0.5
 expect 0 '--expected-size 28 --size 29' $'127.0.0.1 a.test # "q" $HOME' --script -
-expect 0 'with prompt "Pinecove wants to update your hosts file."' 'a' --applescript -
+# What runs as root on macOS, whole: the script's nine lines, escaped for AppleScript.
+applescript=$(cat <<'END'
+do shell script "set -e\nT=$(/usr/bin/mktemp /etc/hosts.pinecove.XXXXXX)\n/bin/cat > \"$T\" <<'EOF'\n1.2.3.4 a # \"q\" \\n \\\\ $x `y` 'z'\nEOF\n/bin/chmod 644 \"$T\"\n/usr/sbin/chown root:wheel \"$T\"\n/bin/mv \"$T\" /etc/hosts\n/usr/bin/dscacheutil -flushcache\n/usr/bin/killall -HUP mDNSResponder 2>/dev/null || /usr/bin/true" with administrator privileges with prompt "Pinecove wants to update your hosts file."
+END
+)
+expect 0 "$applescript" '1.2.3.4 a # "q" \n \\ $x `y` '"'z'" --applescript -
 # One line of 199,998 bytes is written with its line feed: the largest text the helper takes.
 expect 0 '--size 199999' "$(head -c 199998 /dev/zero | tr '\0' '#')" --script -
 expect 1 'unexpectedly large' "$(head -c 199999 /dev/zero | tr '\0' '#')" --script -

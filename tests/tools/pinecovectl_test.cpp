@@ -51,7 +51,7 @@ private slots:
     // One row a command line, split at spaces: "␣" stands for a space inside a word, a word ""
     // for an empty one, "FILE" for the batch file written from `setup` ("batch:TEXT"). Other
     // setups: "failed:MESSAGE" (the runner's answer), "large" (a file near the limit), "latin1"
-    // (a file that is not UTF-8).
+    // (a file that is not UTF-8), "latin1, backup" (and a backup holding the sample).
     void commands_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("setup");
@@ -148,6 +148,8 @@ private slots:
         row("panel wording", "add x.test", 1, "Install it and run the command again.", "",
             "failed:Install it and apply again.");
         row("not UTF-8", "list", 1, "is not UTF-8 text", "", "latin1");
+        // A file the store cannot load is still replaced by a backup, after its own.
+        row("restore over not UTF-8", "restore --quiet", 0, "Wrote", "|", "latin1, backup");
         row("quiet, after --", "remove --quiet -- api.test", 0, "Wrote /etc/hosts",
             "127.0.0.1 Api.test=>");
         row("version", "--version", 0, "pinecovectl 0.");
@@ -175,9 +177,15 @@ private slots:
         std::string start = sample;
         while (setup == QLatin1String("large") && start.size() < 199'985)
             start += "#";
-        if (setup == QLatin1String("latin1"))
+        if (setup.startsWith(QLatin1String("latin1")))
             start += "# caf\xe9\n";
         HostsFixture hosts(start);
+        const bool backup = setup.endsWith(QLatin1String("backup"));
+        if (backup) {
+            QVERIFY(QDir().mkpath(hosts.backupsFolder()));
+            QFile file(hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.00.00"));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(sample.c_str()) > 0);
+        }
         const bool ran = setup.startsWith(QLatin1String("failed:"));
         if (ran)
             hosts.runner->outcome = ScriptRunner::Failed{setup.mid(7).toStdString()};
@@ -206,25 +214,8 @@ private slots:
         // One backup and one run of the runner for each write (also one the runner then failed),
         // none for a dry run.
         const int writes = changes.isEmpty() && !ran ? 0 : 1; // a batch's too: one prompt
-        QCOMPARE(hosts.backupCount(), writes);
+        QCOMPARE(hosts.backupCount(), writes + int(backup));
         QCOMPARE(static_cast<int>(hosts.runner->requests.size()), writes);
-    }
-
-    // A hosts file the store cannot load (not UTF-8) is still replaced by a backup, after its own.
-    void restoreOverAFileThatIsNotUtf8() {
-        HostsFixture hosts("127.0.0.1 caf\xe9.test\n");
-        QVERIFY(QDir().mkpath(hosts.backupsFolder()));
-        QFile backup(hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.00.00"));
-        QVERIFY(backup.open(QIODevice::WriteOnly));
-        QCOMPARE(backup.write(sample.data(), static_cast<qint64>(sample.size())),
-                 static_cast<qint64>(sample.size()));
-        backup.close();
-        QString output;
-        QTextStream out(&output), err(&output);
-        const QStringList words{QStringLiteral("restore"), QStringLiteral("--quiet")};
-        QCOMPARE(runPinecovectl(words, hosts.environment(), out, err), 0);
-        QCOMPARE(hosts.read(), sample);
-        QCOMPARE(hosts.backupCount(), 2);
     }
 };
 
