@@ -12,14 +12,11 @@ import sys
 
 from gi.repository import Gio, GLib
 
+# What Qt asks of a watcher: registering an item, and whether a host shows items.
 WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
 <method name="RegisterStatusNotifierItem"><arg name="service" type="s" direction="in"/></method>
-<method name="RegisterStatusNotifierHost"><arg name="service" type="s" direction="in"/></method>
 <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
 <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
-<property name="ProtocolVersion" type="i" access="read"/>
-<signal name="StatusNotifierItemRegistered"><arg type="s"/></signal>
-<signal name="StatusNotifierHostRegistered"/>
 </interface></node>"""
 
 
@@ -40,7 +37,6 @@ def watch(path):
         return {
             "RegisteredStatusNotifierItems": GLib.Variant("as", items),
             "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
-            "ProtocolVersion": GLib.Variant("i", 0),
         }[prop]
 
     def acquired(connection, _name):
@@ -51,41 +47,30 @@ def watch(path):
     GLib.MainLoop().run()
 
 
-def item(path):
-    with open(path) as lines:
-        name, obj = lines.read().split("\n")[-2].split()
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    return bus, name, obj
-
-
-def prop(bus, name, obj, key):
-    reply = bus.call_sync(name, obj, "org.freedesktop.DBus.Properties", "Get",
-                          GLib.Variant("(ss)", ("org.kde.StatusNotifierItem", key)),
-                          None, Gio.DBusCallFlags.NONE, 5000, None)
-    return reply.unpack()[0]
+def proxy(name, obj, interface):
+    return Gio.DBusProxy.new_for_bus_sync(Gio.BusType.SESSION, Gio.DBusProxyFlags.NONE, None,
+                                          name, obj, interface, None)
 
 
 def main():
     command, path = sys.argv[1], sys.argv[2]
     if command == "watch":
         return watch(path)
-    bus, name, obj = item(path)
+    with open(path) as lines:
+        name, obj = lines.read().split("\n")[-2].split()
+    item = proxy(name, obj, "org.kde.StatusNotifierItem")
     if command == "get":
-        value = prop(bus, name, obj, sys.argv[3])
+        value = item.get_cached_property(sys.argv[3]).unpack()
         if sys.argv[3] == "ToolTip":
             value = value[2]  # (icon name, icon pixmaps, title, text)
         elif sys.argv[3] == "IconPixmap":
             value = hashlib.sha1(repr(value).encode()).hexdigest()
         print(value)
     elif command == "activate":
-        bus.call_sync(name, obj, "org.kde.StatusNotifierItem", "Activate", GLib.Variant("(ii)", (0, 0)),
-                      None, Gio.DBusCallFlags.NONE, 5000, None)
+        item.Activate("(ii)", 0, 0)
     elif command == "menu":
-        menu = prop(bus, name, obj, "Menu")
-        layout = bus.call_sync(name, menu, "com.canonical.dbusmenu", "GetLayout",
-                               GLib.Variant("(iias)", (0, -1, [])), None, Gio.DBusCallFlags.NONE,
-                               5000, None).unpack()[1]
-        for child in layout[2]:
+        menu = proxy(name, item.get_cached_property("Menu").unpack(), "com.canonical.dbusmenu")
+        for child in menu.GetLayout("(iias)", 0, -1, [])[1][2]:
             label = child[1].get("label")
             if label:
                 print(label.replace("&", ""))
