@@ -5,11 +5,14 @@
 #include "hosts_edits.h"
 #include "hosts_parser.h"
 #include "hosts_writer.h"
+#include "model_invariants.h"
 #include "typed_input.h"
 #include "utf8.h"
 #include "whitespace.h"
 
 #include <gtest/gtest.h>
+#include <iterator>
+#include <sstream>
 
 using namespace pinecove;
 
@@ -80,72 +83,65 @@ const std::string sample = "127.0.0.1 localhost\n"
                            "#10.0.0.2 off.test\n"
                            "10.0.0.3 b.test c.test # keep\n";
 
-TEST(HostsEditsTest, ToggleWritesTheLineFromItsRawText) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"127.0.0.1 myapp.test", "# 127.0.0.1 myapp.test"},
-        {"  127.0.0.1 myapp.test", "#   127.0.0.1 myapp.test"},
-        {" # 10.0.0.5\tapi.test # staging", "10.0.0.5\tapi.test # staging"},
-        {"#\u00A010.0.0.5 a.test\u2009", "10.0.0.5 a.test"},
-        {"127.0.0.1 a.test # dev\r", "# 127.0.0.1 a.test # dev\r"},
+// Each edit as the model makes it: the text before, the edits (comma-separated) and the text
+// after them, which is the text before where an edit is refused. "toggle N" and "delete N" act
+// on the Nth mapping (from 0), "stale N" toggles and deletes it by an id from another load,
+// "add NAME..." adds those names at 127.0.0.1.
+TEST(HostsEditsTest, EditsGiveExactlyTheseTexts) {
+    const std::vector<std::tuple<std::string, std::string, std::string>> cases = {
+        // A toggle writes the line anew from its raw text.
+        {"127.0.0.1 myapp.test", "toggle 0", "# 127.0.0.1 myapp.test"},
+        {"  127.0.0.1 myapp.test", "toggle 0", "#   127.0.0.1 myapp.test"},
+        {" # 10.0.0.5\tapi.test # staging", "toggle 0", "10.0.0.5\tapi.test # staging"},
+        {"#\u00A010.0.0.5 a.test\u2009", "toggle 0", "10.0.0.5 a.test"},
+        {"127.0.0.1 a.test # dev\r", "toggle 0", "# 127.0.0.1 a.test # dev\r"},
+        // An add takes only the names no mapping has, ignoring case and state, and appends them
+        // after the file's empty last line, so one blank line stands before the new one.
+        {sample, "add new.test", sample + "\n127.0.0.1\tnew.test\n"},
+        {sample, "add new.test, toggle 4", sample + "\n# 127.0.0.1\tnew.test\n"},
+        {sample, "add myapp.TEST", sample},
+        {sample, "add off.test", sample},
+        {sample, "add LOCALHOST", sample},
+        {sample, "add a.test b.test", sample + "\n127.0.0.1\ta.test\n"},
+        {sample, "add C.test d.test", sample + "\n127.0.0.1\td.test\n"}, // not first on its line
+        {sample, "add n.test n.test", sample + "\n127.0.0.1\tn.test n.test\n"},
+        // System mappings are locked, in any case and state; a system name among others is not.
+        {"::1 localhost", "toggle 0", "::1 localhost"},
+        {"255.255.255.255 broadcasthost", "toggle 0", "255.255.255.255 broadcasthost"},
+        {"#127.0.0.1 LocalHost LOCALHOST broadcasthost", "toggle 0",
+         "#127.0.0.1 LocalHost LOCALHOST broadcasthost"},
+        {"127.0.0.1 localhost myapp.test", "toggle 0", "# 127.0.0.1 localhost myapp.test"},
+        {"127.0.0.1 localhost.localdomain", "toggle 0", "# 127.0.0.1 localhost.localdomain"},
+        {sample, "delete 0", sample},
+        {sample, "delete 3", "127.0.0.1 localhost\n10.0.0.1 MyApp.test\n#10.0.0.2 off.test\n"},
+        {sample, "stale 1", sample},
     };
-    for (const auto& [raw, toggled] : cases) {
-        HostsDocument document = parseHostsText(raw);
-        const Uuid id = document.order.at(0);
-        ASSERT_TRUE(toggleEntry(document, id));
-        EXPECT_EQ(lineText(*document.entries.find(id)), toggled) << raw;
-        toggleEntry(document, id);
-        EXPECT_EQ(lineText(*document.entries.find(id)), raw);
-    }
-}
-
-TEST(HostsEditsTest, AddsOnlyNamesNoEntryHas) {
-    const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
-        {{"new.test"}, "127.0.0.1\tnew.test"},
-        {{"myapp.TEST"}, ""},
-        {{"off.test"}, ""},
-        {{"LOCALHOST"}, ""},
-        {{"a.test", "b.test"}, "127.0.0.1\ta.test"},
-        {{"C.test", "d.test"}, "127.0.0.1\td.test"}, // a name not first on its line
-        {{"n.test", "n.test"}, "127.0.0.1\tn.test n.test"},
-    };
-    for (const auto& [names, line] : cases) {
-        HostsDocument document = parseHostsText(sample);
-        const auto id = addEntry(document, "127.0.0.1", names);
-        // Appended after the file's empty last line, so one blank line stands before it.
-        EXPECT_EQ(serialized(document), line.empty() ? sample : sample + "\n" + line + "\n");
-        EXPECT_EQ(id.has_value(), !line.empty());
-        if (id) {
-            toggleEntry(document, *id);
-            EXPECT_EQ(serialized(document), sample + "\n# " + line + "\n");
-            deleteEntry(document, *id);
-            EXPECT_EQ(serialized(document), sample);
+    for (const auto& [before, edits, after] : cases) {
+        HostsDocument document = parseHostsText(before);
+        const HostsDocument other = parseHostsText(before);
+        bool changed = false;
+        std::istringstream steps(edits);
+        for (std::string step; std::getline(steps, step, ',');) {
+            std::istringstream words(step);
+            std::string verb;
+            words >> verb;
+            std::vector<std::string> operands{std::istream_iterator<std::string>(words), {}};
+            if (verb == "add") {
+                changed |= addEntry(document, "127.0.0.1", operands).has_value();
+                continue;
+            }
+            const Uuid id = (verb == "stale" ? other : document).order.at(std::stoul(operands[0]));
+            if (verb != "delete")
+                changed |= toggleEntry(document, id);
+            if (verb != "toggle")
+                changed |= deleteEntry(document, id);
         }
+        EXPECT_EQ(serialized(document), test::expectedRoundTrip(after))
+            << edits << " on " << before;
+        EXPECT_EQ(changed, after != before) << edits << " on " << before;
+        for (const Uuid& id : document.order)
+            EXPECT_NE(document.entries.find(id), nullptr) << "a deleted id stays in the order";
     }
-}
-
-TEST(HostsEditsTest, SystemAndUnknownEntriesAreLocked) {
-    const std::vector<std::pair<std::string, bool>> cases = {
-        {"::1 localhost", true},
-        {"255.255.255.255 broadcasthost", true},
-        {"#127.0.0.1 LocalHost LOCALHOST broadcasthost", true},
-        {"127.0.0.1 localhost myapp.test", false},
-        {"127.0.0.1 localhost.localdomain", false},
-    };
-    for (const auto& [line, system] : cases) {
-        HostsDocument document = parseHostsText(line);
-        const Uuid id = document.order.at(0);
-        EXPECT_EQ(document.entries.find(id)->isSystem(), system) << line;
-        EXPECT_EQ(toggleEntry(document, id), !system) << line;
-    }
-    HostsDocument document = parseHostsText(sample);
-    const Uuid stale = parseHostsText(sample).order[1];
-    EXPECT_FALSE(deleteEntry(document, document.order.front()));
-    EXPECT_FALSE(deleteEntry(document, stale));
-    EXPECT_FALSE(toggleEntry(document, stale));
-    EXPECT_TRUE(deleteEntry(document, document.order[3]));
-    EXPECT_EQ(serialized(document),
-              "127.0.0.1 localhost\n10.0.0.1 MyApp.test\n#10.0.0.2 off.test\n");
-    EXPECT_EQ(document.order.size(), 3u);
 }
 
 TEST(TextPrimitivesTest, TrimsTabAndEverySpaceSeparatorOnly) {
