@@ -33,24 +33,13 @@ def until(condition, timeout=10):
         time.sleep(0.2)
 
 
-def walk(node, depth=0):
-    if node is not None and depth <= 40:
-        yield node
-        for i in range(node.childCount):
-            yield from walk(node.getChildAtIndex(i), depth + 1)
-
-
 def first(predicate):
     """The first node of Pinecove's tree that satisfies `predicate`, now."""
-    desktop = pyatspi.Registry.getDesktop(0)
-    for app in (desktop.getChildAtIndex(i) for i in range(desktop.childCount)):
-        if app is not None and app.name.lower() == "pinecove":
-            for node in walk(app):
-                try:
-                    if predicate(node):
-                        return node
-                except Exception:  # a node that went away while we looked
-                    pass
+    for app in pyatspi.Registry.getDesktop(0):
+        # pyatspi skips a node that goes away while it looks.
+        found = app and app.name.lower() == "pinecove" and pyatspi.findDescendant(app, predicate, True)
+        if found:
+            return found
     return None
 
 

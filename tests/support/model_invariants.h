@@ -43,10 +43,6 @@ inline std::vector<Uuid> customIds(const HostsDocument& document) {
     return ids;
 }
 
-inline bool sameMapping(const HostEntry& a, const HostEntry& b) {
-    return a.ip() == b.ip() && a.hostnames() == b.hostnames() && a.comment() == b.comment();
-}
-
 inline std::optional<std::string> checkToggles(const HostsDocument& loaded,
                                                const std::string& text) {
     HostsDocument document = loaded;
@@ -55,18 +51,14 @@ inline std::optional<std::string> checkToggles(const HostsDocument& loaded,
         toggleEntry(document, id);
     const std::string toggled = serialized(document);
 
-    // The toggled text must read back as the same mappings, each in the other state.
-    const HostsDocument reread = parseHostsText(toggled);
-    const auto before = entriesInOrder(loaded);
-    const auto after = entriesInOrder(reread);
-    if (before.size() != after.size())
-        return "toggling changed the number of mappings";
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        const bool flipped = !before[i]->isSystem();
-        if (!sameMapping(*before[i], *after[i]) ||
-            after[i]->isEnabled() != (flipped ? !before[i]->isEnabled() : before[i]->isEnabled()))
-            return "a toggled line does not read back as its mapping in the other state";
-    }
+    // The toggled text must read back as the same mappings, the custom ones in the other state.
+    const auto flippedAlike = [](const HostEntry* a, const HostEntry* b) {
+        return a->ip() == b->ip() && a->hostnames() == b->hostnames() &&
+               a->comment() == b->comment() && (a->isEnabled() != b->isEnabled()) != a->isSystem();
+    };
+    if (!std::ranges::equal(entriesInOrder(loaded), entriesInOrder(parseHostsText(toggled)),
+                            flippedAlike))
+        return "a toggled line does not read back as its mapping in the other state";
 
     for (const Uuid& id : ids)
         toggleEntry(document, id);

@@ -21,25 +21,20 @@ const std::string sample = "127.0.0.1\tlocalhost\n"
 // The sample after `changes`, separated by '|': "OLD=>NEW" replaces the whole line OLD (NEW
 // empty: the line goes), "+LINE" appends LINE, after one blank line before the first.
 std::string edited(const QString& changes) {
-    QStringList lines = QString::fromStdString(sample).split(QLatin1Char('\n'));
-    bool appended = false;
+    QString text = '\n' + QString::fromStdString(sample); // every line between two line feeds
+    QString added;
     for (const QString& change : changes.split(QLatin1Char('|'), Qt::SkipEmptyParts)) {
-        if (change.startsWith(QLatin1Char('+'))) {
-            if (!std::exchange(appended, true))
-                lines.insert(lines.size() - 1, QString());
-            lines.insert(lines.size() - 1, change.mid(1));
-            continue;
-        }
         const QStringList parts = change.split(QStringLiteral("=>"));
-        const qsizetype at = lines.indexOf(parts.front());
-        if (at < 0)
+        const QString old = '\n' + parts.front() + '\n';
+        if (change.startsWith(QLatin1Char('+')))
+            added += change.mid(1) + '\n';
+        else if (!text.contains(old))
             return "no line " + parts.front().toStdString();
-        if (parts.back().isEmpty())
-            lines.removeAt(at);
         else
-            lines[at] = parts.back();
+            text.replace(old, parts.back().isEmpty() ? QStringLiteral("\n")
+                                                     : '\n' + parts.back() + '\n');
     }
-    return lines.join(QLatin1Char('\n')).toStdString();
+    return (text.mid(1) + (added.isEmpty() ? QString() : '\n' + added)).toStdString();
 }
 
 } // namespace
