@@ -22,8 +22,6 @@ late-tray*) need trayer openbox xcompmgr python3-gi ;;
 sni) need python3-gi ;;
 atspi) need /usr/libexec/at-spi-bus-launcher python3-pyatspi ;;
 esac
-# shellcheck source=../support/private_etc.sh
-. "$(dirname "$0")/../support/private_etc.sh"
 export PINECOVE_COPY_ETC=1 # the app and X need much of /etc
 in_private_etc "$@"
 mkdir -p "$work/data"

@@ -14,8 +14,6 @@ shots=$2
 . "$(dirname "$0")/../support/session.sh"
 need sway swaymsg jq grim wtype convert dbus-daemon python3-gi
 id nobody >/dev/null 2>&1 || skip "there is no user nobody to run sway as"
-# shellcheck source=../support/private_etc.sh
-. "$(dirname "$0")/../support/private_etc.sh"
 export PINECOVE_COPY_ETC=1
 in_private_etc "$@"
 printf '127.0.0.1\tlocalhost\n127.0.0.1\tapi.test\n' >/etc/hosts

@@ -1,41 +1,29 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs the built package and removes it again, in a private mount namespace whose /usr, /etc
-# and /var are throwaway overlays. The app, the polkit action and the helper must agree on the
+# Installs the built package and removes it again, in a private mount namespace whose /usr and
+# /var are throwaway overlays and whose /etc is a throwaway copy. The app, the polkit action and the helper must agree on the
 # helper's path, no program may name a build folder, the files must pass their validators and
 # its own scripts must let it be purged. The installed programs then run the acceptance test's
 # window and sni modes and pinecovectl's end-to-end run.
 set -euo pipefail
 
+source_dir=$1
+shots=$2
 # shellcheck source=../support/session.sh
 . "$(dirname "$0")/../support/session.sh"
-
-if [ "${1:-}" != "--inside" ]; then
-    source_dir=$1
-    deb=$(find "$source_dir/dist" -name 'pinecove_*.deb' 2>/dev/null | sort -V | tail -n 1 || true)
-    [ -n "$deb" ] || skip "no package in dist/ (scripts/package makes one; scripts/test does too)"
+deb=$(find "$source_dir/dist" -name 'pinecove_*.deb' 2>/dev/null | sort -V | tail -n 1 || true)
+[ -n "$deb" ] || skip "no package in dist/ (scripts/package makes one; scripts/test does too)"
+if [ -z "${PINECOVE_PRIVATE_WORK:-}" ]; then # once, before the namespace
     echo "lintian $(basename "$deb"):"
     lintian --fail-on error "$deb" | sed 's/^/  /'
-    [ "$(id -u)" -eq 0 ] || skip "installing needs root, for a private mount namespace"
-    unshare --mount true 2>/dev/null || skip "private mount namespaces are not allowed here"
-    # Not exec: this shell outlives the namespace to remove its overlays' upper folders, which
-    # hold the whole installed package.
-    work=$(mktemp -d)
-    remove+=("$work")
-    unshare --mount --propagation private -- "$0" --inside "$deb" "$work" "$source_dir" "$2"
-    exit
 fi
-
-deb=$2
-work=$3
-source_dir=$4
-shots=$5
-for dir in usr etc var; do
+export PINECOVE_COPY_ETC=1
+in_private_etc "$@"
+for dir in usr var; do
     mkdir -p "$work/$dir/upper" "$work/$dir/work"
     mount -t overlay overlay -o "lowerdir=/$dir,upperdir=$work/$dir/upper,workdir=$work/$dir/work" \
         "/$dir" || skip "overlay mounts are not allowed here"
 done
-
 fail() { echo "FAILED: $*"; exit 1; }
 
 DEBIAN_FRONTEND=noninteractive dpkg -i "$deb" >/dev/null

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Sourced by the tests that run the app among other programs: polling, the programs they start
-# and stop, and a session bus of their own.
+# Sourced by the shell tests: skips, polling, the programs they start and stop, a session bus and
+# a private /etc of their own, and failures that count.
 
 skip() { echo "SKIPPED: $*"; exit 77; }
 # need TOOL...: a program on the PATH, or a Python module as "python3-MODULE", or a skip.
@@ -39,4 +39,32 @@ private_bus() {
     bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1)
     export DBUS_SESSION_BUS_ADDRESS=${bus%%$'\n'*}
     pids+=("${bus##*$'\n'}")
+}
+
+# `in_private_etc "$@"` runs the calling script again, as root, inside a private mount namespace
+# whose /etc is a fresh temporary folder (with PINECOVE_COPY_ETC=1, a copy of the real one), and
+# exits with its status. Inside, it binds that folder and sets $work, the folder above it, which
+# is removed at the end; scripts started from there get namespaces of their own.
+in_private_etc() {
+    if [ -z "${PINECOVE_PRIVATE_WORK:-}" ]; then
+        [ "$(id -u)" -eq 0 ] || skip "needs root for a private mount namespace"
+        unshare --mount true 2>/dev/null || skip "no private mount namespaces here"
+        local folder status=0
+        folder=$(mktemp -d)
+        PINECOVE_PRIVATE_WORK=$folder unshare --mount --propagation private -- "$0" "$@" || status=$?
+        rm -rf "$folder"
+        exit "$status"
+    fi
+    work=$PINECOVE_PRIVATE_WORK
+    mkdir -p "$work/etc"
+    [ -z "${PINECOVE_COPY_ETC:-}" ] || cp -a /etc/. "$work/etc/"
+    unset PINECOVE_PRIVATE_WORK PINECOVE_COPY_ETC
+    mount --bind "$work/etc" /etc
+}
+
+# A failed check prints why and counts; the test ends with `[ "$failures" -eq 0 ] || exit 1`.
+failures=0
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
 }

@@ -5,8 +5,8 @@
 # for byte, and a dry run that writes nothing and shows the diff the real call then applies.
 set -euo pipefail
 ctl=$1
-# shellcheck source=../support/private_etc.sh
-. "$(dirname "$0")/../support/private_etc.sh"
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 in_private_etc "$@"
 mkdir -p "$work/data"
 export XDG_DATA_HOME="$work/data"

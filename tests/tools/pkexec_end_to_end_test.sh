@@ -10,8 +10,6 @@ helper=$2
 policy_template=$3
 # shellcheck source=../support/session.sh
 . "$(dirname "$0")/../support/session.sh"
-# shellcheck source=../support/private_etc.sh
-. "$(dirname "$0")/../support/private_etc.sh"
 need pkexec pkcheck dbus-daemon setpriv /usr/lib/polkit-1/polkitd
 id nobody >/dev/null 2>&1 || skip "the user nobody is needed"
 # The namespace's /etc starts as a copy of the real one: pkexec needs PAM, users and NSS.

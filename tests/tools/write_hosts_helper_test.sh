@@ -5,8 +5,8 @@
 # the file untouched and no temporary file left, for every input it must not write.
 set -euo pipefail
 helper=$1
-# shellcheck source=../support/private_etc.sh
-. "$(dirname "$0")/../support/private_etc.sh"
+# shellcheck source=../support/session.sh
+. "$(dirname "$0")/../support/session.sh"
 in_private_etc "$@"
 
 # write LABEL EXPECTED_STATUS NEW_TEXT_FILE [EXTRA_BYTES [LOADED_FILE]]: feeds the helper the
