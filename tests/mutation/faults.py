@@ -93,6 +93,8 @@ FAULTS = [
     ("subtitle-off-count", "src/ui/entry_row_text.cpp",
      "const int off = customCount - activeCount;", "const int off = customCount;"),
     ("reload-discards-edits", "src/ui/panel_store.cpp", "if (!isDirty_)", "if (true)"),
+    ("shown-panel-never-rereads", "src/ui/qml/PanelView.qml",
+     "        Store.reloadIfClean();", "        // Store.reloadIfClean();"),
     ("double-click-toggles-twice", "src/ui/qml/EntryList.qml",
      "if (repeat && entryId !== lastClickedId)", "if (false)"),
     # Equivalent: the store itself ignores an apply while one runs, so no test can tell.
