@@ -99,8 +99,7 @@ window_shown() { window=$(panel_window) && [ -n "$window" ]; }
 height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
 # The height has stopped changing (the apply bar's entrance is over).
 steady() { local before; before=$(height); sleep 0.2; [ "$(height)" = "$before" ]; }
-taller_than() { [ "$(height)" -gt "$1" ]; }
-shorter_than() { [ "$(height)" -lt "$1" ]; }
+height_is() { [ "$(height)" "$1" "$2" ]; } # height_is -gt 300
 # Clicks into the input field at the bottom of the panel, as a user would, adds myapp.test and
 # waits for the apply bar: the heights before and after are $clean_height and $dirty_height.
 add_in_panel() {
@@ -114,7 +113,7 @@ add_in_panel() {
     xdotool mousemove --window "$window" 180 $((clean_height - 28)) click 1
     xdotool type --delay 40 "myapp.test"
     xdotool key Return
-    wait_for taller_than "$clean_height" || fail "no apply bar after Return (height stays $(height))"
+    wait_for height_is -gt "$clean_height" || fail "no apply bar after Return (height stays $(height))"
     wait_for steady
     dirty_height=$(height)
 }
@@ -202,7 +201,7 @@ xdotool key ctrl+Return
 wait_for written || fail "/etc/hosts is not the old file and the new line:$(printf '\n')$(cat -A /etc/hosts)"
 backup=$(find "$XDG_DATA_HOME/Pinecove/Backups" -name 'hosts_*' 2>/dev/null | head -n 1)
 cmp -s "$backup" "$work/original-hosts" || fail "no backup holds the old file (${backup:-none})"
-wait_for shorter_than "$dirty_height" || fail "the panel still shows unapplied changes"
+wait_for height_is -lt "$dirty_height" || fail "the panel still shows unapplied changes"
 
 import -window "$window" "$shots/acceptance-$mode.png"
 echo "PASSED ($mode): /etc/hosts ends with 127.0.0.1<TAB>myapp.test; screenshot $shots/acceptance-$mode.png"
