@@ -12,7 +12,8 @@ import sys
 
 from gi.repository import Gio, GLib
 
-# What Qt asks of a watcher: registering an item, and whether a host shows items.
+# What Qt and Pinecove ask of a watcher: registering an item, whether a host shows items, and
+# which items it holds.
 WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
 <method name="RegisterStatusNotifierItem"><arg name="service" type="s" direction="in"/></method>
 <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
@@ -24,20 +25,18 @@ def watch(path):
     items = []
     node = Gio.DBusNodeInfo.new_for_xml(WATCHER)
 
-    def call(connection, sender, _path, _interface, method, parameters, invocation):
-        if method == "RegisterStatusNotifierItem":
-            service = parameters.unpack()[0]
-            name, obj = (sender, service) if service.startswith("/") else (service, "/StatusNotifierItem")
-            items.append(name + obj)
-            with open(path, "a") as out:
-                out.write("%s %s\n" % (name, obj))
+    def call(connection, sender, _path, _interface, _method, parameters, invocation):
+        service = parameters.unpack()[0]
+        name, obj = (sender, service) if service.startswith("/") else (service, "/StatusNotifierItem")
+        items.append(name + obj)
+        with open(path, "a") as out:
+            out.write("%s %s\n" % (name, obj))
         invocation.return_value(None)
 
     def get(connection, sender, _path, _interface, prop):
-        return {
-            "RegisteredStatusNotifierItems": GLib.Variant("as", items),
-            "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
-        }[prop]
+        if prop == "RegisteredStatusNotifierItems":
+            return GLib.Variant("as", items)
+        return GLib.Variant("b", True)
 
     def acquired(connection, _name):
         connection.register_object("/StatusNotifierWatcher", node.interfaces[0], call, get, None)
