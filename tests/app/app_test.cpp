@@ -50,6 +50,11 @@ class AppTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() {
+        QApplication::setQuitOnLastWindowClosed(false);
+        QDir().mkpath(QStringLiteral(PINECOVE_SCREENSHOTS_DIR));
+    }
+
     // Someone else's listener where the name used to live (/tmp/pinecove-<uid>) must not make
     // Pinecove hand itself over and quit; a second start of the same session still finds the
     // first.
@@ -164,12 +169,6 @@ private slots:
     }
 };
 
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QDir().mkpath(QStringLiteral(PINECOVE_SCREENSHOTS_DIR));
-    AppTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_MAIN(AppTest)
 
 #include "app_test.moc"

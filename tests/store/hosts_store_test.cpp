@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
@@ -84,19 +83,15 @@ private slots:
             store->load();
             QCOMPARE(store->lastErrorText(), QStringLiteral("Could not read /etc/hosts"));
         }
-        if (change == QLatin1String("no folder")) {
-            QDir().mkpath(QFileInfo(hosts.backupsFolder()).path());
-            QFile(hosts.backupsFolder()).open(QIODevice::WriteOnly);
-        }
+        if (change == QLatin1String("no folder"))
+            hosts.write({}, hosts.backupsFolder()); // a file where the folder should be
         if (change == QLatin1String("same second"))
             QDir().mkpath(hosts.backupsFolder() + '/' + Backups::fileName(hosts.now));
         if (change == QLatin1String("pruned")) {
-            QDir().mkpath(hosts.backupsFolder());
             for (int day = 1; day <= 25; ++day)
-                QFile(hosts.backupsFolder() + '/' + Backups::fileName(hosts.now.addDays(-day)))
-                    .open(QIODevice::WriteOnly);
-            QFile(hosts.backupsFolder() + QStringLiteral("/HOSTS_README"))
-                .open(QIODevice::WriteOnly);
+                hosts.write({}, hosts.backupsFolder() + '/' +
+                                    Backups::fileName(hosts.now.addDays(-day)));
+            hosts.write({}, hosts.backupsFolder() + QStringLiteral("/HOSTS_README"));
         }
         if (change.startsWith(QLatin1String("failed:")))
             hosts.runner->outcome = ScriptRunner::Failed{change.mid(7).toStdString()};

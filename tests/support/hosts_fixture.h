@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <memory>
@@ -57,8 +58,10 @@ public:
     std::unique_ptr<HostsStore> store() { return std::make_unique<HostsStore>(environment()); }
     QString hostsPath() const { return dir_.filePath(QStringLiteral("hosts")); }
     QString backupsFolder() const { return dir_.filePath(QStringLiteral("Pinecove/Backups")); }
-    void write(const std::string& text) const {
-        QFile file(hostsPath());
+    void write(const std::string& text,
+               const QString& path = {}) const { // the hosts file unless told
+        QFile file(path.isEmpty() ? hostsPath() : path);
+        QDir().mkpath(QFileInfo(file).path());
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
             file.write(text.data(), static_cast<qint64>(text.size()));
     }

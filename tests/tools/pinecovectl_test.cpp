@@ -176,11 +176,9 @@ private slots:
             start += "# caf\xe9\n";
         HostsFixture hosts(start);
         const bool backup = setup.endsWith(QLatin1String("backup"));
-        if (backup) {
-            QVERIFY(QDir().mkpath(hosts.backupsFolder()));
-            QFile file(hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.00.00"));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(sample.c_str()) > 0);
-        }
+        if (backup)
+            hosts.write(sample,
+                        hosts.backupsFolder() + QStringLiteral("/hosts_2026-11-16_21.00.00"));
         const bool ran = setup.startsWith(QLatin1String("failed:"));
         if (ran)
             hosts.runner->outcome = ScriptRunner::Failed{setup.mid(7).toStdString()};
@@ -191,9 +189,7 @@ private slots:
                 word.clear();
             if (word == QLatin1String("FILE")) {
                 word = hosts.hostsPath() + QStringLiteral(".batch");
-                QFile batch(word);
-                QVERIFY(batch.open(QIODevice::WriteOnly));
-                batch.write(setup.mid(6).toUtf8());
+                hosts.write(setup.mid(6).toStdString(), word);
             }
         }
         QString output;
