@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Feeds arbitrary bytes to the hosts model: nothing may crash, and every text the store would
-// accept (valid UTF-8) must keep the model's promises. The same bytes, typed or pasted into the
-// input bar, may add at most one line and leave every other line as it was.
+// Arbitrary bytes: parsing never crashes; a text the store would accept (valid UTF-8) keeps the
+// model's promises, and typed or pasted into the input bar adds one line at most.
 
 #include "hosts_parser.h"
 #include "model_invariants.h"
@@ -16,8 +15,6 @@ using namespace pinecove;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-
-    // Parsing never fails loudly, whatever the bytes.
     (void)HostsParser::parseInput(bytes);
     (void)HostsParser::parseEntry(bytes);
 

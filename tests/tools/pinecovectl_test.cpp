@@ -4,7 +4,6 @@
 #include "ctl.h"
 #include "hosts_fixture.h"
 
-#include <QDir>
 #include <QTest>
 
 namespace {

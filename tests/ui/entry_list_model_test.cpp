@@ -9,7 +9,6 @@
 #include <QAbstractItemModelTester>
 #include <QCollator>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 #include <algorithm>
 #include <random>
@@ -57,8 +56,6 @@ class EntryListModelTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
-
     void followsTheRuleRowForRow() {
         std::mt19937 random(11);
         // Two names alike in the sixteen key bytes each entry keeps: only the rest parts them.
