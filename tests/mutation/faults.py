@@ -216,6 +216,15 @@ FAULTS = [
      "bottomEdge_ = (anchor.isValid() ? anchor.bottom() : point.y()) - 4;"),
     ("dark-palette-read-as-light", "src/platform/color_scheme.cpp",
      "lightness() < 128", "lightness() > 128"),
+    # The entry table: the backward shift one place too eager, and the moved entry's slot left
+    # pointing at its old place. pinecovectl's own lock taken shared, so one user's calls collide.
+    ("entry-table-shift-too-eager", "src/model/entry_table.cpp",
+     "((next - home) & mask) >= ((next - hole) & mask)", "((next - home) & mask) > ((next - hole) & mask)"),
+    ("entry-table-moved-slot-stale", "src/model/entry_table.cpp",
+     "        moved.entryPlusOne = static_cast<std::uint32_t>(position + 1);\n", "        (void)moved;\n"),
+    ("user-lock-shared", "tools/pinecovectl/user_lock.cpp", "::flock(fd_, LOCK_EX)", "::flock(fd_, LOCK_SH)"),
+    ("ctl-backups-size-of-hosts-file", "tools/pinecovectl/ctl.cpp",
+     "QFileInfo(folder.filePath(name)).size()", "QFileInfo(environment_.hostsPath).size()"),
     # A symbol's tint turned into text by Qt 6.4's compiled binding, which lets the garbage
     # collector free the value mid-call: a crash now and then, at once under app_test_gc.
     ("symbol-tint-converted-by-compiled-binding", "src/ui/qml/Symbol.qml",

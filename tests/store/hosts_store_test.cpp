@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 
 using namespace pinecove;
@@ -35,7 +34,6 @@ class HostsStoreTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
     // A failed test may leave a queued completion behind; run it while its runner exists.
     void cleanup() { QCoreApplication::processEvents(); }
 

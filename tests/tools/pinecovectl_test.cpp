@@ -147,6 +147,7 @@ private slots:
         row("quiet, after --", "remove --quiet -- api.test", 0, "Wrote /etc/hosts",
             "127.0.0.1 Api.test=>");
         row("version", "--version", 0, "pinecovectl 0.");
+        row("backups", "backups", 0, "hosts_2026-11-16_21.00.00  185 bytes", "", "latin1, backup");
         row("help", "help restore", 0, "pinecovectl restore [BACKUP]");
         row("help bogus", "help bogus", 2, "no help for 'bogus'");
         row("short option", "-x", 2, "Try 'pinecovectl --help'");
