@@ -28,8 +28,7 @@ mkdir -p "$work/data"
 printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n\n# local development\n127.0.0.1\tapi.test\n' >/etc/hosts
 cp /etc/hosts "$work/original-hosts"
 
-window=""
-app_pid=""
+window="" app_pid=""
 mkdir -p "$shots"
 fail() {
     echo "FAILED: $*"
@@ -86,11 +85,12 @@ fi
 # The tray icon's own window, once a tray shows it.
 tray_icon() { xdotool search --onlyvisible --class pinecove 2>/dev/null | while read -r w; do
     [ "$(xdotool getwindowgeometry --shell "$w" | sed -n 's/^WIDTH=//p')" -lt 100 ] && echo "$w"; done | head -n 1; }
-# The icon's geometry as X, Y, WIDTH, HEIGHT. A tray that has just embedded it may still swap
-# its window, so it is read until one answers.
+# The icon's geometry (X, Y, WIDTH, HEIGHT) once it has stayed put a moment: a tray that has just
+# embedded it may still swap its window or move it.
 icon_place() { local icon; icon=$(tray_icon) && [ -n "$icon" ] &&
     place=$(xdotool getwindowgeometry --shell "$icon" 2>/dev/null) && [ -n "$place" ]; }
-read_icon_place() { wait_for icon_place || fail "the tray icon went away"; eval "$place"; }
+icon_settled() { icon_place && local first=$place && sleep 0.3 && icon_place && [ "$place" = "$first" ]; }
+read_icon_place() { wait_for icon_settled || fail "the tray icon went away"; eval "$place"; }
 click_icon() { read_icon_place; xdotool mousemove $((X + 5)) $((Y + 5)) click 1; }
 # The panel, not the tray item (which carries the same name): the window 360 wide.
 panel_window() { xdotool search --onlyvisible --name '^Pinecove$' 2>/dev/null | while read -r w; do
