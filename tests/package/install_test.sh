@@ -3,8 +3,8 @@
 # Installs the built package and removes it again, in a private mount namespace whose /usr and
 # /var are throwaway overlays and whose /etc is a throwaway copy. The app, the polkit action and
 # the helper must agree on the helper's path, no program may name a build folder, the files must
-# pass their validators and its own scripts must let it be purged. The installed programs then run the acceptance test's
-# window and sni modes and pinecovectl's end-to-end run.
+# pass their validators and its own scripts must let it be purged. The installed programs then
+# run the acceptance test's window and sni modes and pinecovectl's end-to-end run.
 set -euo pipefail
 
 source_dir=$1

@@ -58,8 +58,8 @@ public:
     std::unique_ptr<HostsStore> store() { return std::make_unique<HostsStore>(environment()); }
     QString hostsPath() const { return dir_.filePath(QStringLiteral("hosts")); }
     QString backupsFolder() const { return dir_.filePath(QStringLiteral("Pinecove/Backups")); }
-    void write(const std::string& text,
-               const QString& path = {}) const { // the hosts file unless told
+    // Writes the hosts file, or the file at `path`, making its folder.
+    void write(const std::string& text, const QString& path = {}) const {
         QFile file(path.isEmpty() ? hostsPath() : path);
         QDir().mkpath(QFileInfo(file).path());
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))

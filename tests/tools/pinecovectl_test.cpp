@@ -18,7 +18,8 @@ const std::string sample = "127.0.0.1\tlocalhost\n"
                            "#10.0.0.9 alt.test\n";
 
 // The sample after `changes`, separated by '|': "OLD=>NEW" replaces the whole line OLD (NEW
-// empty: the line goes), "+LINE" appends LINE, after one blank line before the first.
+// empty: the line goes), "+LINE" appends LINE, after one blank line before the first; "|" alone
+// is the sample as it is.
 std::string edited(const QString& changes) {
     QString text = '\n' + QString::fromStdString(sample); // every line between two line feeds
     QString added;
